@@ -1,0 +1,76 @@
+#include "brenvale/core/Enumerations.hpp"
+
+#include "brenvale/core/BrenvaleError.hpp"
+
+namespace brenvale {
+
+std::string NormaliseEnumKey(std::string_view key) {
+  std::string out;
+  out.reserve(key.size());
+  for (char c : key)
+    if (c != ' ') out += c;
+  return out;
+}
+
+zkEnumValue::zkEnumValue(Integer code, std::string description, std::string xmlTag)
+    : code_(code), xmlTag_(std::move(xmlTag)) {
+  SetDescription(std::move(description));
+}
+
+void zkEnumValue::SetDescription(std::string v) {
+  description_ = std::move(v);
+  key_ = NormaliseEnumKey(description_);
+}
+
+void ZKEnum::AddObject(const zkEnumValue& value) { values_.Add(value, value.CollectionKey()); }
+
+const zkEnumValue& ZKEnum::Add(Integer code, std::string description, std::string xmlTag) {
+  zkEnumValue v(code, std::move(description), std::move(xmlTag));
+  std::string key = v.CollectionKey();
+  return values_.Add(std::move(v), key);
+}
+
+bool ZKEnum::ItemExists(std::string_view key) const { return values_.Exists(NormaliseEnumKey(key)); }
+
+const zkEnumValue& ZKEnum::Item(std::string_view key) const { return values_.Get(NormaliseEnumKey(key)); }
+
+const zkEnumValue* ZKEnum::FindByCode(Integer code) const {
+  for (const auto& v : values_)
+    if (v.Code() == code) return &v;
+  return nullptr;
+}
+
+const zkEnumValue& ZKEnum::ItemByCode(Integer code) const {
+  const zkEnumValue* v = FindByCode(code);
+  if (!v) Raise(1007, "Brenvale");
+  return *v;
+}
+
+Integer ZKEnum::CodeOf(std::string_view text, bool byKey) const {
+  for (const auto& v : values_)
+    if ((byKey ? v.CollectionKey() : v.XMLTag()) == text) return v.Code();
+  Raise(1008, "Brenvale");
+}
+
+void Enumerations::AddObject(std::shared_ptr<ZKEnum> catalogue, std::string_view key) {
+  catalogues_.Add(std::move(catalogue), key);
+}
+
+const ZKEnum& Enumerations::Item(zqEnumerationType type) const {
+  const auto* c = catalogues_.Find(std::to_string(static_cast<int>(type)));
+  if (!c) Raise(1007, "Brenvale");
+  return **c;
+}
+
+Enumerations& TheEnumerations() {
+  thread_local std::unique_ptr<Enumerations> instance;
+  if (!instance) {
+    instance = std::make_unique<Enumerations>();
+    detail::BuildCatalogues(*instance);
+  }
+  return *instance;
+}
+
+const ZKEnum& EnumCatalogue(zqEnumerationType type) { return TheEnumerations().Item(type); }
+
+}  // namespace brenvale

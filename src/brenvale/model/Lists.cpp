@@ -1,0 +1,31 @@
+#include "brenvale/model/Lists.hpp"
+
+namespace brenvale {
+
+void Lists::AddObject(zkList* NewObject, std::string_view Key) { list_.Add(NewObject, Key); }
+
+zkList* Lists::Master(zqEnumListType type) const {
+  auto* c = list_.Find(std::to_string(static_cast<int>(type)));
+  return c ? *c : nullptr;
+}
+
+void Lists::RegisterMaster(zqEnumListType type, zkList* collection) {
+  std::string key = std::to_string(static_cast<int>(type));
+  if (std::size_t pos = list_.PositionOf(key)) list_.RemoveAt(pos);
+  list_.Add(collection, key);
+}
+
+void Lists::UnregisterMaster(zkList* collection) {
+  for (std::size_t i = 1; i <= list_.Count(); ++i)
+    if (list_.At(i) == collection) {
+      list_.RemoveAt(i);
+      return;
+    }
+}
+
+Lists& TheLists() {
+  thread_local Lists lists;
+  return lists;
+}
+
+}  // namespace brenvale

@@ -1,0 +1,15 @@
+#pragma once
+// Everything a host needs: the global object, the connection, the records and their collections.
+#include "brenvale/company/BrenvaleGlobals.hpp"
+#include "brenvale/company/Company.hpp"
+#include "brenvale/connection/QBConnection.hpp"
+#include "brenvale/core/BrenvaleError.hpp"
+#include "brenvale/core/Currency.hpp"
+#include "brenvale/core/Date.hpp"
+#include "brenvale/core/EnumTypes.hpp"
+#include "brenvale/core/Enumerations.hpp"
+#include "brenvale/core/ProcessorRegistry.hpp"
+#include "brenvale/core/zkErrors.hpp"
+#include "brenvale/lists/JobTypes.hpp"
+#include "brenvale/qbxml/Conversions.hpp"
+#include "brenvale/qbxml/xmlBldr.hpp"

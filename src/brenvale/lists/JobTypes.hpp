@@ -1,0 +1,12 @@
+#pragma once
+#include "brenvale/lists/JobType.hpp"
+#include "brenvale/model/HierarchicalCollection.hpp"
+
+namespace brenvale {
+
+class JobTypes : public HierarchicalCollection<JobType> {
+ public:
+  using HierarchicalCollection::HierarchicalCollection;
+};
+
+}  // namespace brenvale

@@ -37,7 +37,7 @@ DomNode FirstElement(const DomNode& n) {
 Long ListCollectionBase::IteratorPageSize = 500;
 
 ListCollectionBase::ListCollectionBase(const RecordSchema& schema, bool master) : schema_(schema), master_(master) {
-  if (master_) TheLists().RegisterMaster(schema_.Spec().listType, this);
+  if (master_) TheLists().RegisterMaster(schema_.Decl().listType, this);
 }
 
 ListCollectionBase::~ListCollectionBase() {
@@ -103,7 +103,7 @@ Long ListCollectionBase::Fill(const DomNode& response) {
 }
 
 void ListCollectionBase::LinkChildren() {
-  if (!schema_.Spec().hierarchical) return;
+  if (!schema_.Decl().hierarchical) return;
   for (auto& r : records_) r->Children().Clear();
   for (auto& r : records_) {
     std::string parent = r->Parent();
@@ -118,7 +118,7 @@ void ListCollectionBase::LinkChildren() {
 Long ListCollectionBase::Query(Long maxReturned, FilterWriter writeFilters, const void* context, bool clearFirst) {
   const std::string rq = QueryRequestName();
   const Long page = IteratorPageSize;
-  const bool iterate = schema_.Spec().queryIterates && CurrentSession().qbXMLVersionNumber >= Currency(5) &&
+  const bool iterate = schema_.Decl().queryIterates && CurrentSession().qbXMLVersionNumber >= Currency(5) &&
                        (maxReturned <= 0 || maxReturned > page);
   auto send = [&](std::string_view iterator, const std::string& iteratorId, Long max) {
     xmlBldr b;

@@ -25,7 +25,7 @@ class ListCollectionBase : public zkList {
   ListCollectionBase& operator=(const ListCollectionBase&) = delete;
 
   // --- zkList -------------------------------------------------------------------------------
-  zqEnumListType ListType() const override { return schema_.Spec().listType; }
+  zqEnumListType ListType() const override { return schema_.Decl().listType; }
   ListRecord& Item(std::string_view key) override { return *records_.Get(key); }
   ListRecord& Item(std::size_t position) override { return *records_.At(position); }
   zkErrors& Errors() override { return errors_; }

@@ -99,19 +99,19 @@ void ListRecord::MarkChanged(bool fixedAfterAdd) {
 std::string ListRecord::Parent() const { return Ref(kParentRef).FullName(); }
 
 std::string ListRecord::FullName() const {
-  if (!schema_.Spec().hierarchical) return Name();
+  if (!schema_.Decl().hierarchical) return Name();
   std::string parent = Parent();
   if (parent.empty()) return Name();
   return parent + ":" + Name();
 }
 
 std::string ListRecord::CollectionKey() const {
-  switch (schema_.Spec().key) {
+  switch (schema_.Decl().key) {
     case RecordKey::ListID: return ListID();
     case RecordKey::FullName: return FullName();
     case RecordKey::Name: break;
   }
-  return schema_.Spec().hierarchical ? FullName() : Name();
+  return schema_.Decl().hierarchical ? FullName() : Name();
 }
 
 // --- reading ------------------------------------------------------------------------------------
@@ -245,7 +245,7 @@ Long ListRecord::XMLInsert(xmlBldr& cxmlbldr) {
 }
 
 Long ListRecord::XMLModify(xmlBldr& cxmlbldr) {
-  if (!schema_.Spec().modRefusal.empty()) Raise(1003, "Brenvale: " + Label(), schema_.Spec().modRefusal);
+  if (!schema_.Decl().modRefusal.empty()) Raise(1003, "Brenvale: " + Label(), schema_.Decl().modRefusal);
   cxmlbldr.CreateElement("ListID", ListID());
   cxmlbldr.CreateElement("EditSequence", EditSequence());
   for (FieldId id : schema_.ModOrder()) WriteField(cxmlbldr, id, true);
@@ -265,7 +265,7 @@ bool ListRecord::Validate() {
   if (state_ == zqObjectStateClean) return true;
   errors_.Clear();
   std::unordered_set<std::string_view> failed;  // one entry per field: the first rule that fails
-  for (const Rule& r : schema_.Spec().rules) {
+  for (const Rule& r : schema_.Decl().rules) {
     if (!r.tag.empty() && failed.count(r.tag)) continue;
     bool fails = false;
     switch (r.kind) {
@@ -279,7 +279,7 @@ bool ListRecord::Validate() {
       case RuleKind::Parent: {
         std::string parent = Parent();
         if (parent.empty()) break;
-        zkList* master = TheLists().Master(schema_.Spec().listType);
+        zkList* master = TheLists().Master(schema_.Decl().listType);
         zkListObject* found = master ? master->Find(parent) : nullptr;
         if (!found && master && CurrentSession().processor) {
           try {

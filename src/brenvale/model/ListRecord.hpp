@@ -29,13 +29,13 @@ class ListRecord : public zkBase, public zkListObject {
   Long XMLInsert(xmlBldr& cxmlbldr) override;
   Long XMLQueryRs(xmlBldr& cxmlbldr) override;
   Long XMLModify(xmlBldr& cxmlbldr) override;
-  zqEnumListObjectType ObjectType() const override { return schema_.Spec().objectType; }
+  zqEnumListObjectType ObjectType() const override { return schema_.Decl().objectType; }
   Long FromDom(const DomNode& obj) override;
   const std::string& ListID() const override { return Text(kListID); }
-  const std::string& Name() const override { return Text(schema_.Spec().nameField); }
+  const std::string& Name() const override { return Text(schema_.Decl().nameField); }
   std::string CollectionKey() const override;
   zkErrors& Errors() override { return errors_; }
-  bool SupportsChildren() const override { return schema_.Spec().hierarchical; }
+  bool SupportsChildren() const override { return schema_.Decl().hierarchical; }
   std::string Parent() const override;
   zkListObjectRefs& Children() override { return children_; }
   std::string FullName() const override;
@@ -44,7 +44,7 @@ class ListRecord : public zkBase, public zkListObject {
   bool Validate() override;
 
   // --- what every list record offers -------------------------------------------------------
-  void Name(std::string value) { SetText(schema_.Spec().nameField, std::move(value)); }
+  void Name(std::string value) { SetText(schema_.Decl().nameField, std::move(value)); }
   bool IsActive() const { return Bool(kIsActive, true); }
   void IsActive(bool value) { SetBool(kIsActive, value); }
   Date TimeCreated() const { return DateValue(kTimeCreated); }

@@ -4,7 +4,7 @@
 
 namespace brenvale {
 
-RecordSchema::RecordSchema(SchemaSpec spec) : spec_(std::move(spec)) {
+RecordSchema::RecordSchema(SchemaSpec decl) : spec_(std::move(decl)) {
   fields_ = {
       {kListID, "ListID", FieldKind::Text},
       {kEditSequence, "EditSequence", FieldKind::Text},

@@ -94,9 +94,9 @@ struct SchemaSpec {
 
 class RecordSchema {
  public:
-  explicit RecordSchema(SchemaSpec spec);
+  explicit RecordSchema(SchemaSpec decl);
 
-  const SchemaSpec& Spec() const { return spec_; }
+  const SchemaSpec& Decl() const { return spec_; }
   const std::string& Label() const { return spec_.label; }
   const std::string& XmlName() const { return spec_.xmlName; }
   const std::vector<FieldDef>& Fields() const { return fields_; }

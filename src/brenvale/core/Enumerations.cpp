@@ -1,5 +1,7 @@
 #include "brenvale/core/Enumerations.hpp"
 
+#include <limits>
+
 #include "brenvale/core/BrenvaleError.hpp"
 
 namespace brenvale {
@@ -72,5 +74,25 @@ Enumerations& TheEnumerations() {
 }
 
 const ZKEnum& EnumCatalogue(zqEnumerationType type) { return TheEnumerations().Item(type); }
+
+Integer NarrowEnumCode(Long code) {
+  if (code < std::numeric_limits<Integer>::min() || code > std::numeric_limits<Integer>::max())
+    platform::Raise(platform::kOverflow, "Brenvale");
+  return static_cast<Integer>(code);
+}
+
+const std::string& EnumDescription(Long code, zqEnumerationType type) {
+  const ZKEnum& cat = EnumCatalogue(type);
+  return cat.ItemByCode(NarrowEnumCode(code)).Description();
+}
+
+const std::string& EnumXMLText(Long code, zqEnumerationType type) {
+  const ZKEnum& cat = EnumCatalogue(type);
+  return cat.XMLTagOf(NarrowEnumCode(code));
+}
+
+Long EnumCodeOfDescription(std::string_view description, zqEnumerationType type) {
+  return EnumCatalogue(type).Item(description).Code();
+}
 
 }  // namespace brenvale

@@ -102,8 +102,18 @@ Enumerations& TheEnumerations();
 // Shortcut: the catalogue of one enumeration.
 const ZKEnum& EnumCatalogue(zqEnumerationType type);
 
+// A code handed over as a Long, narrowed to the catalogues' 16-bit Integer: outside -32768..32767
+// raises "Overflow" (6).
+Integer NarrowEnumCode(Long code);
+// The three conversions the library globals offer: a code's Description and qbXML text (the code is
+// narrowed first; an unknown code raises 1007), and the code of a description, looked up by key
+// (blanks removed, case ignored; an unknown description fails as ZKEnum::Item does).
+const std::string& EnumDescription(Long code, zqEnumerationType type);
+const std::string& EnumXMLText(Long code, zqEnumerationType type);
+Long EnumCodeOfDescription(std::string_view description, zqEnumerationType type);
+
 namespace detail {
-// Fills every catalogue; the data lives in EnumCatalogue.cpp.
+// Fills every catalogue; the data lives in EnumCatalogue.cpp and EnumCatalogueReports.cpp.
 void BuildCatalogues(Enumerations& into);
 }  // namespace detail
 

@@ -73,5 +73,24 @@ std::string BrenvaleGlobals::GetDataPath() {
 }
 
 brenvale::JobTypes& BrenvaleGlobals::JobTypes() { return ConnectedCompany().JobTypes(); }
+brenvale::VendorTypes& BrenvaleGlobals::VendorTypes() { return ConnectedCompany().VendorTypes(); }
+brenvale::Classes& BrenvaleGlobals::Classes() { return ConnectedCompany().Classes(); }
+brenvale::CustomerTypes& BrenvaleGlobals::CustomerTypes() { return ConnectedCompany().CustomerTypes(); }
+brenvale::ShipMethods& BrenvaleGlobals::ShipMethods() { return ConnectedCompany().ShipMethods(); }
+brenvale::PaymentMethods& BrenvaleGlobals::PaymentMethods() { return ConnectedCompany().PaymentMethods(); }
+brenvale::CustomerMessages& BrenvaleGlobals::CustomerMessages() {
+  return ConnectedCompany().CustomerMessages();
+}
+brenvale::SalesTaxCodes& BrenvaleGlobals::SalesTaxCodes() { return ConnectedCompany().SalesTaxCodes(); }
+brenvale::TaxCodes& BrenvaleGlobals::TaxCodes() { return ConnectedCompany().TaxCodes(); }
+brenvale::SalesReps& BrenvaleGlobals::SalesReps() { return ConnectedCompany().SalesReps(); }
+brenvale::ToDoList& BrenvaleGlobals::ToDoList() { return ConnectedCompany().ToDoList(); }
+brenvale::PayrollItemWages& BrenvaleGlobals::PayrollItemWages() {
+  return ConnectedCompany().PayrollItemWages();
+}
+brenvale::PayrollItemNonWages& BrenvaleGlobals::PayrollItemNonWages() {
+  return ConnectedCompany().PayrollItemNonWages();
+}
+brenvale::Templates& BrenvaleGlobals::Templates() { return ConnectedCompany().Templates(); }
 
 }  // namespace brenvale

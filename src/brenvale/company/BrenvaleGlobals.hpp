@@ -33,6 +33,19 @@ class BrenvaleGlobals {
 
   // Collection accessors: the company object's master collections; 1000 before a connection.
   static brenvale::JobTypes& JobTypes();
+  static brenvale::VendorTypes& VendorTypes();
+  static brenvale::Classes& Classes();
+  static brenvale::CustomerTypes& CustomerTypes();
+  static brenvale::ShipMethods& ShipMethods();
+  static brenvale::PaymentMethods& PaymentMethods();
+  static brenvale::CustomerMessages& CustomerMessages();
+  static brenvale::SalesTaxCodes& SalesTaxCodes();
+  static brenvale::TaxCodes& TaxCodes();
+  static brenvale::SalesReps& SalesReps();
+  static brenvale::ToDoList& ToDoList();
+  static brenvale::PayrollItemWages& PayrollItemWages();
+  static brenvale::PayrollItemNonWages& PayrollItemNonWages();
+  static brenvale::Templates& Templates();
 
  private:
   static brenvale::Company& ConnectedCompany();

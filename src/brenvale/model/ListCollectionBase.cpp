@@ -45,7 +45,7 @@ ListCollectionBase::~ListCollectionBase() {
 }
 
 void ListCollectionBase::RequireMaster() const {
-  if (!master_) Raise(1021, schema_.Label());
+  if (!master_) Raise(1021, schema_.CollectionLabel());
 }
 
 void ListCollectionBase::Remove(std::string_view key) {
@@ -132,10 +132,11 @@ Long ListCollectionBase::Query(Long maxReturned, FilterWriter writeFilters, cons
     b.EndAggregate(rq);
     DomDocument doc = b.NewSendRequest();
     DomNode rs = FirstElement(MessagesOf(doc));
-    if (rs.IsNull()) Raise(1001, schema_.Label(), "QuickBooks: no response to " + rq);
+    if (rs.IsNull()) Raise(1001, schema_.CollectionLabel(), "QuickBooks: no response to " + rq);
     Long status = StatusCodeOf(rs);
     // Status 1 is "no match": an empty answer, not a failure.
-    if (status != 0 && status != 1) Raise(1001, schema_.Label(), "QuickBooks: " + StatusMessageOf(rs));
+    if (status != 0 && status != 1)
+      Raise(1001, schema_.CollectionLabel(), "QuickBooks: " + StatusMessageOf(rs));
     return std::make_pair(doc, rs);
   };
 
@@ -323,7 +324,7 @@ Long ListCollectionBase::CommitBatch(ListRecord* member, bool raise, Long* failu
     LinkChildren();
   }
   if (failures) *failures = errors_.Count();
-  if (raise && errors_.Count() > 0 && CurrentSession().commitRaises) Raise(1023, schema_.Label());
+  if (raise && errors_.Count() > 0 && CurrentSession().commitRaises) Raise(1023, schema_.CollectionLabel());
   return committed;
 }
 
@@ -345,7 +346,8 @@ Long ListCollectionBase::Delete(const std::string& ListID, bool bRemove) {
   DomNode rs = FirstElement(MessagesOf(doc));
   Long status = rs.IsNull() ? -1 : StatusCodeOf(rs);
   if (status != 0)
-    Raise(1026, schema_.Label(), rs.IsNull() ? "QuickBooks gave no answer" : "QuickBooks: " + StatusMessageOf(rs));
+    Raise(1026, schema_.CollectionLabel(),
+          rs.IsNull() ? "QuickBooks gave no answer" : "QuickBooks: " + StatusMessageOf(rs));
   if (bRemove && held) {
     for (std::size_t pos = 1; pos <= records_.Count(); ++pos)
       if (records_.At(pos).get() == held) {

@@ -76,6 +76,7 @@ enum class RecordKey : std::uint8_t { Name, FullName, ListID };
 // The declaration a record kind writes; tags in `add`, `mod` and `read` name its fields.
 struct SchemaSpec {
   std::string label;  // the class label of errors and traces ("JobType", "CustomerMsg" ...)
+  std::string collectionLabel;  // the label of the collection's errors, when it differs from `label`
   zqEnumListObjectType objectType = zqObjectTypeNone;
   zqEnumListType listType = zqListTypeNone;
   std::string xmlName;  // qbXML name of the kind ("JobType", "CustomerMsg"); its requests and Ret
@@ -98,6 +99,9 @@ class RecordSchema {
 
   const SchemaSpec& Decl() const { return spec_; }
   const std::string& Label() const { return spec_.label; }
+  const std::string& CollectionLabel() const {
+    return spec_.collectionLabel.empty() ? spec_.label : spec_.collectionLabel;
+  }
   const std::string& XmlName() const { return spec_.xmlName; }
   const std::vector<FieldDef>& Fields() const { return fields_; }
   const FieldDef& Field(FieldId id) const { return fields_.at(id); }

@@ -1,0 +1,12 @@
+#pragma once
+#include "brenvale/lists/Class.hpp"
+#include "brenvale/model/HierarchicalCollection.hpp"
+
+namespace brenvale {
+
+class Classes : public HierarchicalCollection<Class> {
+ public:
+  using HierarchicalCollection::HierarchicalCollection;
+};
+
+}  // namespace brenvale

@@ -1,0 +1,23 @@
+#pragma once
+#include "brenvale/lists/PayrollItemWage.hpp"
+#include "brenvale/model/ListCollection.hpp"
+
+namespace brenvale {
+
+class PayrollItemWages : public ListCollection<PayrollItemWage> {
+ public:
+  using ListCollection::ListCollection;
+
+  // A WageType of 0 leaves the wage type unset.
+  PayrollItemWage& Add(std::string Name = {}, bool IsActive = true,
+                       qbEnumWageType WageType = qbEnumWageType{}, std::string ExpenseAccountFullName = {}) {
+    auto record = std::make_shared<PayrollItemWage>();
+    record->Name(std::move(Name));
+    record->IsActive(IsActive);
+    if (WageType != qbEnumWageType{}) record->WageType(WageType);
+    if (!ExpenseAccountFullName.empty()) record->ExpenseAccountRef(std::move(ExpenseAccountFullName));
+    return AddNew(std::move(record));
+  }
+};
+
+}  // namespace brenvale

@@ -1,0 +1,12 @@
+#pragma once
+#include "brenvale/lists/VendorType.hpp"
+#include "brenvale/model/HierarchicalCollection.hpp"
+
+namespace brenvale {
+
+class VendorTypes : public HierarchicalCollection<VendorType> {
+ public:
+  using HierarchicalCollection::HierarchicalCollection;
+};
+
+}  // namespace brenvale

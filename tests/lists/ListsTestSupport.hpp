@@ -1,0 +1,104 @@
+#pragma once
+// Shared pieces of the list tests: a fresh session per test, a request processor that answers from a
+// script, and a collector of what the trace hook is given.
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "brenvale/core/BrenvaleError.hpp"
+#include "brenvale/core/RequestProcessor.hpp"
+#include "brenvale/core/TraceHook.hpp"
+#include "brenvale/qbxml/Session.hpp"
+
+namespace brenvale::testing {
+
+class ListsTest : public ::testing::Test {
+ protected:
+  void SetUp() override { Reset(); }
+  void TearDown() override {
+    SetTraceObserver({});
+    Reset();
+  }
+  static void Reset() {
+    CurrentSession() = Session{};
+    CurrentSession().qbxmlVersion = "13.0";
+    CurrentSession().qbXMLVersionNumber = VersionNumberOf("13.0");
+  }
+};
+
+// Answers ProcessRequest from a queue (the last answer repeats) and keeps the requests.
+class ScriptedProcessor : public IRequestProcessor {
+ public:
+  std::vector<std::string> requests;
+  std::deque<std::string> answers;
+
+  std::string ProcessRequest(const std::string&, const std::string& request) override {
+    requests.push_back(request);
+    if (answers.empty()) return {};
+    std::string a = answers.front();
+    if (answers.size() > 1) answers.pop_front();
+    return a;
+  }
+  std::string ProcessSubscription(const std::string& request) override { return ProcessRequest({}, request); }
+  void OpenConnection(const std::string&, const std::string&) override {}
+  void OpenConnection2(const std::string&, const std::string&, qbConnectionType) override {}
+  std::string BeginSession(const std::string&, qbEnumFileOpenMode) override { return "T"; }
+  std::vector<std::string> QBXMLVersionsForSession(const std::string&) override { return {"13.0"}; }
+  std::string GetCurrentCompanyFileName(const std::string&) override { return {}; }
+  void EndSession(const std::string&) override {}
+  void CloseConnection() override {}
+  ProcessorAuthPreferences& AuthPreferences() override { return prefs_; }
+
+ private:
+  ProcessorAuthPreferences prefs_;
+};
+
+inline std::shared_ptr<ScriptedProcessor> InstallProcessor() {
+  auto p = std::make_shared<ScriptedProcessor>();
+  CurrentSession().processor = p;
+  CurrentSession().ticket = "T";
+  return p;
+}
+
+// A response document holding one response aggregate.
+inline std::string Response(const std::string& rs) {
+  return "<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs>" + rs + "</QBXMLMsgsRs></QBXML>";
+}
+
+// A response document with one response aggregate `rs` of that status holding `body`.
+inline std::string StatusResponse(const std::string& rs, int status, const std::string& body = {},
+                                  const std::string& message = "Status OK") {
+  return Response("<" + rs + " requestID=\"1\" statusCode=\"" + std::to_string(status) +
+                  "\" statusSeverity=\"" + (status ? "Warn" : "Info") + "\" statusMessage=\"" + message +
+                  "\">" + body + "</" + rs + ">");
+}
+
+// Collects (source, text) pairs given to the trace hook while alive.
+class TraceCollector {
+ public:
+  TraceCollector() {
+    SetTraceObserver([this](std::string_view source, std::string_view text) {
+      seen.emplace_back(std::string(source), std::string(text));
+    });
+  }
+  ~TraceCollector() { SetTraceObserver({}); }
+  std::vector<std::pair<std::string, std::string>> seen;
+};
+
+// Runs `f`, which must raise a library error, and returns that error.
+template <class F>
+BrenvaleError RaisedBy(F&& f) {
+  try {
+    f();
+  } catch (const BrenvaleError& e) {
+    return e;
+  }
+  ADD_FAILURE() << "no error was raised";
+  return BrenvaleError(0, {}, {});
+}
+
+}  // namespace brenvale::testing

@@ -14,27 +14,6 @@ namespace {
 const EnumTable kTables[] = {
     {zqeObjectState, {{1, "New"}, {2, "Clean"}, {3, "Dirty"}}},
 
-    {zqeObjectType,
-     {{1, "Account"}, {2, "Customer"}, {3, "Employee"}, {4, "Other Name"}, {5, "Vendor"},
-      {6, "Standard Terms"}, {7, "Date Driven Terms"}, {8, "Class"}, {9, "Sales Rep"},
-      {10, "Customer Type"}, {11, "Vendor Type"}, {12, "Job Type"}, {13, "Customer Msg"},
-      {14, "Payment Method"}, {15, "Ship Method"}, {16, "Sales Tax Code"}, {17, "To Do"},
-      {18, "Item Service"}, {19, "Item Non Inventory"}, {20, "Item Other Charge"},
-      {21, "Item Inventory"}, {22, "Item Inventory Assembly"}, {23, "Item Subtotal"},
-      {24, "Item Discount"}, {25, "Item Payment"}, {26, "Item Sales Tax"},
-      {27, "Item Sales Tax Group"}, {28, "Item Group"}, {29, "Item Fixed Asset"},
-      {30, "Payroll Item Wage"}, {31, "Payroll Item Non Wage"}, {32, "Template"},
-      {33, "Price Level"}, {34, "Currency"}, {35, "Unit Of Measure Set"}, {36, "Tax Code"},
-      {37, "Entity"}, {38, "Item"}, {39, "Terms"}, {40, "Data Ext Def"}, {41, "Company"},
-      {101, "Bill"}, {102, "Bill Payment Check"}, {103, "Bill Payment Credit Card"},
-      {104, "Charge"}, {105, "Check"}, {106, "Credit Card Charge"}, {107, "Credit Card Credit"},
-      {108, "Credit Memo"}, {109, "Deposit"}, {110, "Estimate"}, {111, "Invoice"},
-      {112, "Inventory Adjustment"}, {113, "Journal Entry"}, {114, "Purchase Order"},
-      {115, "Receive Payment"}, {116, "Sales Receipt"}, {117, "Time Tracking"},
-      {118, "Vendor Credit"}, {119, "Sales Order"}, {120, "Item Receipt"},
-      {121, "Build Assembly"}, {122, "Sales Tax Payment Check"}, {123, "Bill Payment"},
-      {124, "Statement Charge", "Charge"}}},
-
     {zqeListType,
      {{1, "Account"}, {2, "Customer"}, {3, "Employee"}, {4, "Other Name"}, {5, "Vendor"},
       {6, "Terms"}, {7, "Class"}, {8, "Sales Rep"}, {9, "Customer Type"}, {10, "Vendor Type"},
@@ -217,7 +196,11 @@ void BuildCatalogues(Enumerations& into) {
     for (const auto& t : tables) byType.at(static_cast<std::size_t>(t.type)) = &t;
   for (int type = 1; type <= kEnumerationTypeCount; ++type) {
     std::shared_ptr<ZKEnum> cat;
-    if (type == zqeReport) {
+    if (type == zqeObjectType) {
+      // The kinds of record share the table names' codes, plus the bill payment of either form.
+      cat = MakeCatalogue(byType[zqeDataBaseTableName]->rows);
+      cat->Add(zqObjectTypeBillPayment, "Bill Payment");
+    } else if (type == zqeReport) {
       cat = std::make_shared<ZKEnum>();
       for (const auto& r : ReportTable())
         cat->Add(static_cast<Integer>(r.code), r.description, r.tag ? r.tag : "");

@@ -12,77 +12,125 @@ enum zqEnumObjectState : std::int32_t {
   zqObjectStateDirty = 3,
 };
 
-// Every kind of record the library reads or writes. List kinds come first (below 100), then the
-// transaction kinds; the catalogue's CollectionKey of each is its qbXML name.
+// Every kind of record the library reads or writes. The codes are the table names' codes
+// (zqEnumTableName), so a kind and its table share one number; the catalogue's CollectionKey of
+// each is its qbXML name.
 enum zqEnumListObjectType : std::int32_t {
   zqObjectTypeNone = 0,
   zqObjectTypeAccount = 1,
-  zqObjectTypeCustomer = 2,
-  zqObjectTypeEmployee = 3,
-  zqObjectTypeOtherName = 4,
-  zqObjectTypeVendor = 5,
+  zqObjectTypeClass = 2,
+  zqObjectTypeCustomerMsg = 3,
+  zqObjectTypeCustomerType = 4,
+  zqObjectTypeDateDrivenTerms = 5,
   zqObjectTypeStandardTerms = 6,
-  zqObjectTypeDateDrivenTerms = 7,
-  zqObjectTypeClass = 8,
-  zqObjectTypeSalesRep = 9,
-  zqObjectTypeCustomerType = 10,
-  zqObjectTypeVendorType = 11,
-  zqObjectTypeJobType = 12,
-  zqObjectTypeCustomerMsg = 13,
-  zqObjectTypePaymentMethod = 14,
-  zqObjectTypeShipMethod = 15,
-  zqObjectTypeSalesTaxCode = 16,
-  zqObjectTypeToDo = 17,
-  zqObjectTypeItemService = 18,
-  zqObjectTypeItemNonInventory = 19,
-  zqObjectTypeItemOtherCharge = 20,
-  zqObjectTypeItemInventory = 21,
-  zqObjectTypeItemInventoryAssembly = 22,
-  zqObjectTypeItemSubtotal = 23,
-  zqObjectTypeItemDiscount = 24,
-  zqObjectTypeItemPayment = 25,
-  zqObjectTypeItemSalesTax = 26,
-  zqObjectTypeItemSalesTaxGroup = 27,
-  zqObjectTypeItemGroup = 28,
-  zqObjectTypeItemFixedAsset = 29,
-  zqObjectTypePayrollItemWage = 30,
-  zqObjectTypePayrollItemNonWage = 31,
-  zqObjectTypeTemplate = 32,
-  zqObjectTypePriceLevel = 33,
-  zqObjectTypeCurrency = 34,
-  zqObjectTypeUnitOfMeasureSet = 35,
-  zqObjectTypeTaxCode = 36,
-  zqObjectTypeEntity = 37,
-  zqObjectTypeItem = 38,
-  zqObjectTypeTerms = 39,
-  zqObjectTypeDataExtDef = 40,
-  zqObjectTypeCompany = 41,
-  zqObjectTypeBill = 101,
-  zqObjectTypeBillPaymentCheck = 102,
-  zqObjectTypeBillPaymentCreditCard = 103,
-  zqObjectTypeCharge = 104,
-  zqObjectTypeCheck = 105,
-  zqObjectTypeCreditCardCharge = 106,
-  zqObjectTypeCreditCardCredit = 107,
-  zqObjectTypeCreditMemo = 108,
-  zqObjectTypeDeposit = 109,
-  zqObjectTypeEstimate = 110,
-  zqObjectTypeInvoice = 111,
-  zqObjectTypeInventoryAdjustment = 112,
-  zqObjectTypeJournalEntry = 113,
-  zqObjectTypePurchaseOrder = 114,
-  zqObjectTypeReceivePayment = 115,
-  zqObjectTypeSalesReceipt = 116,
-  zqObjectTypeTimeTracking = 117,
-  zqObjectTypeVendorCredit = 118,
-  zqObjectTypeSalesOrder = 119,
-  zqObjectTypeItemReceipt = 120,
-  zqObjectTypeBuildAssembly = 121,
-  zqObjectTypeSalesTaxPaymentCheck = 122,
-  zqObjectTypeBillPayment = 123,
-  zqObjectTypeStatementCharge = 124,
+  zqObjectTypeItemDiscount = 7,
+  zqObjectTypeItemGroup = 8,
+  zqObjectTypeItemInventory = 9,
+  zqObjectTypeItemInventoryAssembly = 10,
+  zqObjectTypeItemNonInventory = 11,
+  zqObjectTypeItemOtherCharge = 12,
+  zqObjectTypeItemPayment = 13,
+  zqObjectTypeCustomer = 14,
+  zqObjectTypeItemSalesTax = 15,
+  zqObjectTypeItemSalesTaxGroup = 16,
+  zqObjectTypeItemService = 17,
+  zqObjectTypeItemSubtotal = 18,
+  zqObjectTypeJobType = 19,
+  zqObjectTypeVendor = 20,
+  zqObjectTypeOtherName = 21,
+  zqObjectTypePaymentMethod = 22,
+  zqObjectTypeBill = 23,
+  zqObjectTypeSalesRep = 24,
+  zqObjectTypeSalesTaxCode = 25,
+  zqObjectTypeEmployee = 26,
+  zqObjectTypeCheck = 27,
+  zqObjectTypeShipMethod = 28,
+  zqObjectTypePurchaseOrder = 29,
+  zqObjectTypeToDo = 30,
+  zqObjectTypeVendorType = 31,
+  zqObjectTypeVendorCredit = 32,
+  zqObjectTypeCreditCardCharge = 33,
+  zqObjectTypeCreditCardCredit = 34,
+  zqObjectTypeJournalEntry = 35,
+  zqObjectTypeInvoice = 36,
+  zqObjectTypeReceivePayment = 37,
+  zqObjectTypeSalesReceipt = 38,
+  zqObjectTypeCreditMemo = 39,
+  zqObjectTypeEstimate = 40,
+  zqObjectTypeTimeTracking = 41,
+  zqObjectTypeDeposit = 42,
+  zqObjectTypeBillPaymentCheck = 43,
+  zqObjectTypePayrollItemWage = 44,
+  zqObjectTypeItem = 45,
+  zqObjectTypeEntity = 46,
+  zqObjectTypeTerms = 47,
+  zqObjectTypeCharge = 48,
+  zqObjectTypeInventoryAdjustment = 49,
+  zqObjectTypeItemReceipt = 50,
+  zqObjectTypeSalesTaxPaymentCheck = 51,
+  zqObjectTypeSalesOrder = 52,
+  zqObjectTypeBuildAssembly = 53,
+  zqObjectTypeTemplate = 54,
+  zqObjectTypePayrollItemNonWage = 55,
+  zqObjectTypeCompany = 56,
+  zqObjectTypePriceLevel = 57,
+  zqObjectTypeTaxCode = 58,
+  zqObjectTypeBillPaymentCreditCard = 59,
+  zqObjectTypeCurrency = 60,
+  zqObjectTypeUnitOfMeasureSet = 61,
+  zqObjectTypeItemFixedAsset = 62,
+  zqObjectTypeDataExtDef = 63,
+  zqObjectTypeBillPayment = 64,  // either payment form
+  zqObjectTypeStatementCharge = zqObjectTypeCharge,
 };
-constexpr bool IsListObjectType(zqEnumListObjectType t) { return t > 0 && t < 100; }
+// True for the list kinds, false for transactions (and the company).
+constexpr bool IsListObjectType(zqEnumListObjectType t) {
+  switch (t) {
+    case zqObjectTypeAccount:
+    case zqObjectTypeClass:
+    case zqObjectTypeCustomerMsg:
+    case zqObjectTypeCustomerType:
+    case zqObjectTypeDateDrivenTerms:
+    case zqObjectTypeStandardTerms:
+    case zqObjectTypeItemDiscount:
+    case zqObjectTypeItemGroup:
+    case zqObjectTypeItemInventory:
+    case zqObjectTypeItemInventoryAssembly:
+    case zqObjectTypeItemNonInventory:
+    case zqObjectTypeItemOtherCharge:
+    case zqObjectTypeItemPayment:
+    case zqObjectTypeCustomer:
+    case zqObjectTypeItemSalesTax:
+    case zqObjectTypeItemSalesTaxGroup:
+    case zqObjectTypeItemService:
+    case zqObjectTypeItemSubtotal:
+    case zqObjectTypeJobType:
+    case zqObjectTypeVendor:
+    case zqObjectTypeOtherName:
+    case zqObjectTypePaymentMethod:
+    case zqObjectTypeSalesRep:
+    case zqObjectTypeSalesTaxCode:
+    case zqObjectTypeEmployee:
+    case zqObjectTypeShipMethod:
+    case zqObjectTypeToDo:
+    case zqObjectTypeVendorType:
+    case zqObjectTypePayrollItemWage:
+    case zqObjectTypeItem:
+    case zqObjectTypeEntity:
+    case zqObjectTypeTerms:
+    case zqObjectTypeTemplate:
+    case zqObjectTypePayrollItemNonWage:
+    case zqObjectTypePriceLevel:
+    case zqObjectTypeTaxCode:
+    case zqObjectTypeCurrency:
+    case zqObjectTypeUnitOfMeasureSet:
+    case zqObjectTypeItemFixedAsset:
+    case zqObjectTypeDataExtDef:
+      return true;
+    default:
+      return false;
+  }
+}
 
 // The kind of list a reference points into.
 enum zqEnumListType : std::int32_t {

@@ -66,6 +66,9 @@ const char* kRet =
     "<FullName>Top:Mid</FullName></ParentRef><Sublevel>2</Sublevel><Code>AB</Code><Limit>12.50</Limit>"
     "<Gadget>x</Gadget></ClassRet>";
 
+// A value that does not convert is skipped, not fatal.
+const char* kBadSublevel = "<ClassRet><Name>Odd</Name><Sublevel>99999999999</Sublevel></ClassRet>";
+
 using Scripted = brenvale::testing::ScriptedProcessor;
 
 DomDocument Parse(const std::string& xml) { return DomDocument::Load(xml); }
@@ -129,6 +132,9 @@ TEST_F(ModelTest, ReadingFillsFieldsAndSkipsUnknownElements) {
   w.FromDom(Parse(kRet).DocumentElement());
   SetTraceObserver(old);
   EXPECT_EQ(traced, std::vector<std::string>{"Widget|Unknown Field: Gadget"});
+  Widget odd;
+  EXPECT_NO_THROW(odd.FromDom(Parse(kBadSublevel).DocumentElement()));
+  EXPECT_EQ(odd.Name(), "Odd");
   EXPECT_EQ(w.ListID(), "80000001-1");
   EXPECT_EQ(w.EditSequence(), "100");
   EXPECT_EQ(w.FullName(), "Top:Mid:Sub");

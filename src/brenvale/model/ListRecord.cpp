@@ -123,7 +123,13 @@ Long ListRecord::FromDom(const DomNode& obj) {
     std::string_view name = child.BaseName();
     int id = schema_.ReadField(name);
     if (id >= 0) {
-      ReadValue(static_cast<FieldId>(id), child);
+      try {
+        ReadValue(static_cast<FieldId>(id), child);
+      } catch (const BrenvaleError&) {
+        // Reading is tolerant: a value that does not convert (a number out of range) is skipped
+        // like an unknown element.
+        detail::TraceUnknownField(Label(), name);
+      }
     } else if (name == "UserData") {
       userData_ = child.Text();
     } else if (!ReadElement(name, child)) {
@@ -152,13 +158,8 @@ void ListRecord::ReadValue(FieldId id, const DomNode& node) {
       break;
     }
     case FieldKind::Enum: {
-      std::string text = node.Text();
-      try {
-        v = static_cast<std::int64_t>(EnumCatalogue(f.enumType).CodeOf(text));
-      } catch (const BrenvaleError&) {
-        // Reading is tolerant: a value the catalogue lacks is skipped like an unknown element.
-        detail::TraceUnknownField(Label(), std::string(f.tag) + "=" + text);
-      }
+      const std::string text = node.Text();
+      v = static_cast<std::int64_t>(EnumCatalogue(f.enumType).CodeOf(text));
       break;
     }
   }

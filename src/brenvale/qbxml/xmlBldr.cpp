@@ -338,39 +338,16 @@ DomDocument xmlBldr::QueryFullTableExecute(std::string_view QueryName, Long /*Ma
   return SendToQB();
 }
 
-DomDocument xmlBldr::QuerySingleExecute(std::string_view QueryType, std::string_view sValue,
-                                        std::string_view sIdentifier, Long /*MaxRows: not used*/,
-                                        zqEnumListObjectType ObjType, std::string_view sFilterType,
-                                        bool IncludeDataExtensions) {
+void xmlBldr::WriteSingleQuery(std::string_view QueryType, std::string_view sValue, std::string_view sIdentifier,
+                               Long maxReturned, zqEnumListObjectType ObjType, std::string_view sFilterType,
+                               bool IncludeDataExtensions) {
   CreateTop();
   OpenAggregateOnly(detail::kRoot);
   OpenAggregate(detail::kMsgsRq, "onError", "continueOnError");
   OpenAggregate(QueryType, "requestID", "1");
-  if (!sFilterType.empty()) {
-    OpenAggregateOnly(sFilterType);
-    CreateElement(sIdentifier, sValue);
-    EndAggregate(sFilterType);
-  } else {
-    CreateElement(sIdentifier, sValue);
-  }
-  AddDataExtTag(IncludeDataExtensions, ObjType);
-  EndAggregate(QueryType);
-  EndAggregate(detail::kMsgsRq);
-  EndAggregate(detail::kRoot);
-  return SendToQB();
-}
-
-std::string xmlBldr::XMLQuerySingleExecute(std::string_view QueryType, std::string_view sValue,
-                                           std::string_view sIdentifier, Long MaxRows,
-                                           zqEnumListObjectType ObjType, std::string_view sFilterType,
-                                           bool IncludeDataExtensions) {
-  CreateTop();
-  OpenAggregateOnly(detail::kRoot);
-  OpenAggregate(detail::kMsgsRq, "onError", "continueOnError");
-  OpenAggregate(QueryType, "requestID", "1");
-  if (MaxRows != 0) {
+  if (maxReturned != 0) {
     std::string rows;
-    AppendNumber(rows, MaxRows);
+    AppendNumber(rows, maxReturned);
     CreateElement("MaxReturned", rows);
   }
   if (!sFilterType.empty()) {
@@ -382,6 +359,23 @@ std::string xmlBldr::XMLQuerySingleExecute(std::string_view QueryType, std::stri
   }
   AddDataExtTag(IncludeDataExtensions, ObjType);
   EndAggregate(QueryType);
+}
+
+DomDocument xmlBldr::QuerySingleExecute(std::string_view QueryType, std::string_view sValue,
+                                        std::string_view sIdentifier, Long /*MaxRows: not used*/,
+                                        zqEnumListObjectType ObjType, std::string_view sFilterType,
+                                        bool IncludeDataExtensions) {
+  WriteSingleQuery(QueryType, sValue, sIdentifier, 0, ObjType, sFilterType, IncludeDataExtensions);
+  EndAggregate(detail::kMsgsRq);
+  EndAggregate(detail::kRoot);
+  return SendToQB();
+}
+
+std::string xmlBldr::XMLQuerySingleExecute(std::string_view QueryType, std::string_view sValue,
+                                           std::string_view sIdentifier, Long MaxRows,
+                                           zqEnumListObjectType ObjType, std::string_view sFilterType,
+                                           bool IncludeDataExtensions) {
+  WriteSingleQuery(QueryType, sValue, sIdentifier, MaxRows, ObjType, sFilterType, IncludeDataExtensions);
   return XMLSendToQB();  // closes the envelope itself
 }
 

@@ -97,7 +97,12 @@ class xmlBldr {
   void JoinPieces();
   bool PassesGate(Currency minVersion) const;
   void WriteTrace(std::string_view text);
-  std::string CallProcessor(const std::string& request);
+  // Joins, traces and hands the text to the processor ("ProcessSubscription" for a subscription
+  // document when routeSubscriptions); every failure becomes error 1999.
+  std::string Exchange(bool routeSubscriptions);
+  void WriteSingleQuery(std::string_view QueryType, std::string_view sValue, std::string_view sIdentifier,
+                        Long maxReturned, zqEnumListObjectType ObjType, std::string_view sFilterType,
+                        bool IncludeDataExtensions);
   void WriteQueryWrapper(std::string_view suffixRq, std::string_view suffix, zkBase& o, Integer id,
                          int which);
 

@@ -87,36 +87,35 @@ void xmlBldr::WriteTrace(std::string_view text) {
   }
 }
 
-std::string xmlBldr::CallProcessor(const std::string& request) {
+std::string xmlBldr::Exchange(bool routeSubscriptions) {
   std::shared_ptr<IRequestProcessor> processor = RequireProcessor();
-  if (request.find(detail::kSubscriptionMsgsRq) != std::string::npos) return processor->ProcessSubscription(request);
-  return processor->ProcessRequest(CurrentSession().ticket, request);
-}
-
-DomDocument xmlBldr::SendToQB() {
-  RequireProcessor();
-  DomDocument document;
-  // The stretch from the join to the loading of the response answers every failure with 1999.
+  // The stretch from the join to the response answers every failure with 1999; the processor's
+  // own text is kept in ErrMsg.
   try {
     JoinPieces();
     WriteTrace("<OUTGOING>");
     WriteTrace(xml_);
     WriteTrace("</OUTGOING>");
-    std::string response = CallProcessor(xml_);
+    std::string response = routeSubscriptions && xml_.find(detail::kSubscriptionMsgsRq) != std::string::npos
+                               ? processor->ProcessSubscription(xml_)
+                               : processor->ProcessRequest(CurrentSession().ticket, xml_);
     WriteTrace("<RETURNS>");
     WriteTrace(response);
     WriteTrace("</RETURNS>");
-    if (CurrentSession().isOnline) RemoveOnlineDoctype(response);
-    document = DomDocument::Load(response);
+    return response;
   } catch (const BrenvaleError& e) {
     errMsg_ = e.Description();
-    Raise(kParserErrorCode, "Brenvale", kParserErrorText);
   } catch (const std::exception& e) {
     errMsg_ = e.what();
-    Raise(kParserErrorCode, "Brenvale", kParserErrorText);
   } catch (...) {
-    Raise(kParserErrorCode, "Brenvale", kParserErrorText);
   }
+  Raise(kParserErrorCode, "Brenvale", kParserErrorText);
+}
+
+DomDocument xmlBldr::SendToQB() {
+  std::string response = Exchange(true);
+  if (CurrentSession().isOnline) RemoveOnlineDoctype(response);
+  DomDocument document = DomDocument::Load(response);
 
   // The status of the first response: document child 1 (after the declaration), its first child
   // (the messages aggregate) and that one's first child. Anything missing or unreadable is skipped.
@@ -157,29 +156,10 @@ DomDocument xmlBldr::NewSendSubscriptionRequest() {
 }
 
 std::string xmlBldr::XMLSendToQB() {
-  std::shared_ptr<IRequestProcessor> processor = RequireProcessor();
+  RequireProcessor();
   EndAggregate(detail::kMsgsRq);
   EndAggregate(detail::kRoot);
-  std::string response;
-  try {
-    JoinPieces();
-    WriteTrace("<OUTGOING>");
-    WriteTrace(xml_);
-    WriteTrace("</OUTGOING>");
-    response = processor->ProcessRequest(CurrentSession().ticket, xml_);
-    WriteTrace("<RETURNS>");
-    WriteTrace(response);
-    WriteTrace("</RETURNS>");
-  } catch (const BrenvaleError& e) {
-    errMsg_ = e.Description();
-    Raise(kParserErrorCode, "Brenvale", kParserErrorText);
-  } catch (const std::exception& e) {
-    errMsg_ = e.what();
-    Raise(kParserErrorCode, "Brenvale", kParserErrorText);
-  } catch (...) {
-    Raise(kParserErrorCode, "Brenvale", kParserErrorText);
-  }
-  return response;
+  return Exchange(false);
 }
 
 }  // namespace brenvale

@@ -1,18 +1,17 @@
 #pragma once
-// Shared pieces of the list tests: a fresh session per test, a request processor that answers from a
-// script, and a collector of what the trace hook is given.
+// Shared pieces of the list tests: a fresh session per test, a scripted request processor, and a
+// collector of what the trace hook is given.
 #include <gtest/gtest.h>
 
-#include <deque>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "brenvale/core/BrenvaleError.hpp"
-#include "brenvale/core/RequestProcessor.hpp"
 #include "brenvale/core/TraceHook.hpp"
 #include "brenvale/qbxml/Session.hpp"
+#include "support/ScriptedProcessor.hpp"
 
 namespace brenvale::testing {
 
@@ -30,37 +29,12 @@ class ListsTest : public ::testing::Test {
   }
 };
 
-// Answers ProcessRequest from a queue (the last answer repeats) and keeps the requests.
-class ScriptedProcessor : public IRequestProcessor {
- public:
-  std::vector<std::string> requests;
-  std::deque<std::string> answers;
-
-  std::string ProcessRequest(const std::string&, const std::string& request) override {
-    requests.push_back(request);
-    if (answers.empty()) return {};
-    std::string a = answers.front();
-    if (answers.size() > 1) answers.pop_front();
-    return a;
-  }
-  std::string ProcessSubscription(const std::string& request) override { return ProcessRequest({}, request); }
-  void OpenConnection(const std::string&, const std::string&) override {}
-  void OpenConnection2(const std::string&, const std::string&, qbConnectionType) override {}
-  std::string BeginSession(const std::string&, qbEnumFileOpenMode) override { return "T"; }
-  std::vector<std::string> QBXMLVersionsForSession(const std::string&) override { return {"13.0"}; }
-  std::string GetCurrentCompanyFileName(const std::string&) override { return {}; }
-  void EndSession(const std::string&) override {}
-  void CloseConnection() override {}
-  ProcessorAuthPreferences& AuthPreferences() override { return prefs_; }
-
- private:
-  ProcessorAuthPreferences prefs_;
-};
-
-inline std::shared_ptr<ScriptedProcessor> InstallProcessor() {
+// A scripted processor in this thread's session; it answers every request with `answer`.
+inline std::shared_ptr<ScriptedProcessor> InstallProcessor(std::string answer = {}) {
   auto p = std::make_shared<ScriptedProcessor>();
+  p->answer = [answer](const std::string&) { return answer; };
   CurrentSession().processor = p;
-  CurrentSession().ticket = "T";
+  CurrentSession().ticket = p->ticket;
   return p;
 }
 

@@ -480,8 +480,7 @@ TEST_F(SimpleListRules, SalesRepEntityIsLookedUpWhenConnected) {
                                 {500, "", 2204}};
   for (const Case& c : cases) {
     SCOPED_TRACE(c.ret);
-    auto p = InstallProcessor();
-    p->answers = {StatusResponse("EntityQueryRs", c.status, c.ret)};
+    auto p = InstallProcessor(StatusResponse("EntityQueryRs", c.status, c.ret));
     SalesRep rep;
     rep.Initial("PL");
     rep.SalesRepEntityRef("Pat & Lee");
@@ -506,16 +505,16 @@ TEST_F(SimpleListRules, SalesRepEntityIsLookedUpWhenConnected) {
 }
 
 TEST_F(SimpleListRules, WageExpenseAccountIsLookedUpWhenConnected) {
-  auto p = InstallProcessor();
+  auto p =
+      InstallProcessor(StatusResponse("AccountQueryRs", 0, "<AccountRet><ListID>1</ListID></AccountRet>"));
   PayrollItemWage w;
   w.Name("Overtime");
   w.ExpenseAccountRef("Payroll Expenses");
-  p->answers = {StatusResponse("AccountQueryRs", 0, "<AccountRet><ListID>1</ListID></AccountRet>")};
   EXPECT_TRUE(w.Validate());
   ASSERT_EQ(p->requests.size(), 1u);
   EXPECT_NE(p->requests[0].find("<AccountQueryRq requestID = \"1\"><FullName>Payroll Expenses</FullName>"),
             std::string::npos);
-  p->answers = {StatusResponse("AccountQueryRs", 500, "", "none")};
+  p = InstallProcessor(StatusResponse("AccountQueryRs", 500, "", "none"));
   EXPECT_FALSE(w.Validate());
   ASSERT_EQ(w.Errors().Count(), 1);
   EXPECT_EQ(w.Errors()[1].Number(), ErrorNumber(2019));

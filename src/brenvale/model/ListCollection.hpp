@@ -11,8 +11,8 @@ class ListCollection : public ListCollectionBase {
  public:
   explicit ListCollection(bool master = false) : ListCollectionBase(T::StaticSchema(), master) {}
 
-  T& Item(std::string_view key) { return static_cast<T&>(ListCollectionBase::Item(key)); }
-  T& Item(std::size_t position) { return static_cast<T&>(ListCollectionBase::Item(position)); }
+  T& Item(std::string_view key) override { return static_cast<T&>(ListCollectionBase::Item(key)); }
+  T& Item(std::size_t position) override { return static_cast<T&>(ListCollectionBase::Item(position)); }
   T& operator[](std::string_view key) { return Item(key); }
   T& operator[](std::size_t position) { return Item(position); }
   T* GetByFullName(const std::string& sFullName) override {

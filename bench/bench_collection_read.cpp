@@ -1,0 +1,108 @@
+// Records read per second by a collection query (request written, response parsed, every Ret read
+// by FromDom and filed) against a bare pugixml walk of the same 10,000-record response.
+//
+// The response is the standard customer document of the bench generator with its CustomerRet
+// elements renamed ClassRet: a class reads ListID, times, EditSequence, Name, FullName, IsActive and
+// Sublevel, and skips every other child as an unknown element, as it would in a real response.
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <pugixml.hpp>
+#include <stdexcept>
+#include <string>
+
+#include "brenvale/Brenvale.hpp"
+#include "brenvale/qbxml/Session.hpp"
+
+namespace {
+
+constexpr int kRecords = 10000;
+
+void ReplaceAll(std::string& text, const std::string& from, const std::string& to) {
+  for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+    text.replace(at, from.size(), to);
+}
+
+// The generator's customer response, turned into a class query response.
+const std::string& ClassResponse() {
+  static const std::string response = [] {
+    std::string dir = (std::filesystem::temp_directory_path() / "brenvale-bench-XXXXXX").string();
+    if (!mkdtemp(dir.data())) throw std::runtime_error("cannot make a temporary folder");
+    std::string command = "python3 '" BRENVALE_BENCH_GEN "' --customers " + std::to_string(kRecords) +
+                          " --invoices 1 --lines 1 --out '" + dir + "' > /dev/null";
+    int status = std::system(command.c_str());
+    std::ifstream in(std::filesystem::path(dir) / "customers.xml", std::ios::binary);
+    std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    std::filesystem::remove_all(dir);
+    if (status != 0 || text.empty()) throw std::runtime_error("the bench generator failed: " + command);
+    ReplaceAll(text, "CustomerQueryRs", "ClassQueryRs");
+    ReplaceAll(text, "<CustomerRet>", "<ClassRet>");
+    ReplaceAll(text, "</CustomerRet>", "</ClassRet>");
+    return text;
+  }();
+  return response;
+}
+
+// Answers every request with the class response.
+class CannedProcessor : public brenvale::IRequestProcessor {
+ public:
+  void OpenConnection(const std::string&, const std::string&) override {}
+  void OpenConnection2(const std::string&, const std::string&, brenvale::qbConnectionType) override {}
+  std::string BeginSession(const std::string&, brenvale::qbEnumFileOpenMode) override { return "T"; }
+  std::vector<std::string> QBXMLVersionsForSession(const std::string&) override { return {"13.0"}; }
+  std::string GetCurrentCompanyFileName(const std::string&) override { return {}; }
+  std::string ProcessRequest(const std::string&, const std::string&) override { return ClassResponse(); }
+  std::string ProcessSubscription(const std::string&) override { return {}; }
+  void EndSession(const std::string&) override {}
+  void CloseConnection() override {}
+  brenvale::ProcessorAuthPreferences& AuthPreferences() override { return prefs_; }
+
+ private:
+  brenvale::ProcessorAuthPreferences prefs_;
+};
+
+void BM_CollectionQuery(benchmark::State& state) {
+  brenvale::Session& session = brenvale::CurrentSession();
+  session.qbxmlVersion = "13.0";
+  session.qbXMLVersionNumber = brenvale::VersionNumberOf("13.0");
+  session.processor = std::make_shared<CannedProcessor>();
+  session.ticket = "T";
+  ClassResponse();
+  for (auto _ : state) {
+    brenvale::Classes classes;
+    brenvale::Long read = classes.GetAll();
+    if (read != kRecords) state.SkipWithError("the query read the wrong number of records");
+    benchmark::DoNotOptimize(classes.Item(std::size_t{1}).ListID());
+  }
+  state.SetItemsProcessed(state.iterations() * kRecords);
+  session = brenvale::Session{};
+}
+
+// The floor: parse once and touch every child of every Ret, nothing kept.
+void BM_PugixmlWalk(benchmark::State& state) {
+  const std::string& text = ClassResponse();
+  for (auto _ : state) {
+    pugi::xml_document doc;
+    if (!doc.load_buffer(text.data(), text.size())) state.SkipWithError("parse failed");
+    std::size_t records = 0, bytes = 0;
+    for (pugi::xml_node ret :
+         doc.child("QBXML").child("QBXMLMsgsRs").child("ClassQueryRs").children("ClassRet")) {
+      ++records;
+      for (pugi::xml_node field : ret.children()) bytes += std::string_view(field.child_value()).size();
+    }
+    if (records != kRecords) state.SkipWithError("the walk found the wrong number of records");
+    benchmark::DoNotOptimize(bytes);
+  }
+  state.SetItemsProcessed(state.iterations() * kRecords);
+}
+
+BENCHMARK(BM_CollectionQuery)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PugixmlWalk)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();

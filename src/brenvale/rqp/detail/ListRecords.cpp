@@ -1,0 +1,562 @@
+#include "brenvale/rqp/detail/ListRecords.hpp"
+
+#include <algorithm>
+
+#include "brenvale/rqp/detail/Text.hpp"
+
+namespace brenvale::rqp::detail {
+namespace {
+
+const Declarations& S() { return Declarations::Get(); }
+std::string Q(std::string_view s) { return "\"" + std::string(s) + "\""; }
+
+// Mod elements that empty a repeated Ret element when true.
+constexpr std::pair<std::string_view, std::string_view> kClearers[] = {
+    {"ClearItemsInGroup", "ItemGroupLine"},
+    {"ClearEarnings", "Earnings"},
+};
+
+// Account types in chart-of-accounts order (accounts are listed by type, then name).
+constexpr std::string_view kAccountOrder[] = {
+    "Bank", "AccountsReceivable", "OtherCurrentAsset", "FixedAsset", "OtherAsset", "AccountsPayable", "CreditCard",
+    "OtherCurrentLiability", "LongTermLiability", "Equity", "Income", "CostOfGoodsSold", "Expense", "OtherIncome",
+    "OtherExpense", "NonPosting"};
+
+struct Builder {
+  Company& co;
+  const ListKind& kind;
+  bool isAdd;
+};
+
+std::string Text(pugi::xml_node n) { return n.text().get(); }
+
+// The Ret element an Add or Mod element lands in: the same name, or the name without "Mod",
+// or either with "Ret" (Contacts -> ContactsRet, PriceLevelPerItem -> PriceLevelPerItemRet).
+const ChildRule* TargetRule(const Decl& out, std::string_view name) {
+  if (auto r = out.Child(name)) return r;
+  std::string n(name);
+  if (n.ends_with("Mod")) {
+    n.resize(n.size() - 3);
+    if (auto r = out.Child(n)) return r;
+  }
+  return out.Child(n + "Ret");
+}
+
+// Removes the children of `out` that belong to another branch of a choice `rule` is in.
+void RemoveRivals(const Decl& d, pugi::xml_node out, const ChildRule& rule) {
+  if (rule.path.empty()) return;
+  for (auto e = out.first_child(); e;) {
+    auto next = e.next_sibling();
+    const ChildRule* other = d.Child(e.name());
+    bool rival = false;
+    if (other && other != &rule)
+      for (auto [c1, a1] : rule.path)
+        for (auto [c2, a2] : other->path)
+          if (c1 == c2 && a1 != a2 && d.choiceExclusive[static_cast<std::size_t>(c1)]) rival = true;
+    if (rival) out.remove_child(e);
+    e = next;
+  }
+}
+
+std::optional<Record> FindInKinds(Company& co, const std::vector<const ListKind*>& kinds, std::string_view listId,
+                                  std::string_view fullName) {
+  if (!listId.empty()) return FindById(co, kinds, listId);
+  return FindByName(co, kinds, fullName);
+}
+
+// Resolves a reference element of the input into `out` (ListID and FullName). False when the
+// reference is empty (which clears it).
+bool ResolveRef(Builder& b, std::string_view refName, pugi::xml_node in, pugi::xml_node out) {
+  std::string listId = Text(in.child("ListID"));
+  std::string fullName = Text(in.child("FullName"));
+  if (listId.empty() && fullName.empty()) return false;
+  auto targets = RefTargets(refName, &b.kind);
+  if (targets.empty()) {  // a list the engine does not keep: taken as given
+    if (!listId.empty()) out.append_child("ListID").text().set(listId.c_str());
+    if (!fullName.empty()) out.append_child("FullName").text().set(fullName.c_str());
+    return true;
+  }
+  auto found = FindInKinds(b.co, targets, listId, fullName);
+  if (!found)
+    throw StatusError{3140, "There is an invalid reference to QuickBooks " + RefTargetLabel(refName, targets) + " " +
+                                Q(listId.empty() ? fullName : listId) + " in the " + std::string(b.kind.label) +
+                                ". QuickBooks error message: Invalid argument.  The specified record does not exist "
+                                "in the list."};
+  out.append_child("ListID").text().set(found->listId.c_str());
+  out.append_child("FullName").text().set(found->fullName.c_str());
+  return true;
+}
+
+void Merge(Builder& b, pugi::xml_node in, const Decl& outDecl, pugi::xml_node out, bool top);
+
+void Fill(Builder& b, pugi::xml_node in, const Decl& td, pugi::xml_node n) {
+  if (td.IsRef()) {
+    ResolveRef(b, td.name, in, n);
+  } else if (td.IsComplex()) {
+    Merge(b, in, td, n, false);
+  } else {
+    n.text().set(in.text().get());
+  }
+}
+
+// Applies an Add or Mod element onto a Ret element: simple values replace (an empty one clears),
+// single aggregates merge, repeated ones are replaced as a group, references are resolved, and a
+// branch of a choice displaces the other branches. Elements without a Ret counterpart (controls
+// such as ApplyAccountRefToExistingTxns) are left to the kind's own rules.
+void Merge(Builder& b, pugi::xml_node in, const Decl& outDecl, pugi::xml_node out, bool top) {
+  std::vector<const ChildRule*> replaced;
+  for (auto c : in.children()) {
+    if (c.type() != pugi::node_element) continue;
+    std::string_view name = c.name();
+    if (top && (name == "ListID" || name == "EditSequence")) continue;
+    bool cleared = false;
+    for (auto [clearer, target] : kClearers)
+      if (name == clearer) {
+        cleared = true;
+        if (Text(c) == "true")
+          while (auto e = out.child(std::string(target).c_str())) out.remove_child(e);
+      }
+    if (cleared) continue;
+    const ChildRule* rule = TargetRule(outDecl, name);
+    if (!rule) continue;
+    const Decl& td = S().At(rule->decl);
+    RemoveRivals(outDecl, out, *rule);
+    if (rule->maxCount != 1) {
+      if (std::find(replaced.begin(), replaced.end(), rule) == replaced.end()) {
+        while (auto e = out.child(td.name.c_str())) out.remove_child(e);
+        replaced.push_back(rule);
+      }
+      auto n = out.append_child(td.name.c_str());
+      Fill(b, c, td, n);
+      if (td.IsComplex() && !n.first_child()) out.remove_child(n);
+      continue;
+    }
+    auto existing = out.child(td.name.c_str());
+    if (td.IsRef()) {
+      if (existing) out.remove_child(existing);
+      auto n = out.append_child(td.name.c_str());
+      if (!ResolveRef(b, td.name, c, n)) out.remove_child(n);
+    } else if (td.IsComplex()) {
+      if (!existing) existing = out.append_child(td.name.c_str());
+      Merge(b, c, td, existing, false);
+      if (!existing.first_child()) out.remove_child(existing);
+    } else {
+      std::string value = Text(c);
+      if (value.empty()) {
+        if (existing) out.remove_child(existing);
+      } else {
+        if (!existing) existing = out.append_child(td.name.c_str());
+        existing.text().set(value.c_str());
+      }
+    }
+  }
+}
+
+// Sets (or with an empty value removes) a simple child; order is restored by Canonicalize.
+void SetChild(pugi::xml_node parent, const char* name, const std::string& value) {
+  auto e = parent.child(name);
+  if (value.empty()) {
+    if (e) parent.remove_child(e);
+    return;
+  }
+  if (!e) e = parent.append_child(name);
+  e.text().set(value.c_str());
+}
+
+// Orders children as declared, recursively, and gives nested Ret aggregates (contacts, notes)
+// the identity fields QuickBooks assigns them.
+void Canonicalize(Builder& b, const Decl& top, pugi::xml_node root) {
+  OrderChildren(top, root, [&](const Decl& d, pugi::xml_node node) {
+    if (node == root || !d.name.ends_with("Ret")) return;
+    auto fill = [&](const char* name, auto value) {
+      if (d.Child(name) && !node.child(name)) node.append_child(name).text().set(value().c_str());
+    };
+    fill("ListID", [&] { return b.co.NewListId(); });
+    fill("TimeCreated", [&] { return b.co.NowText(); });
+    fill("TimeModified", [&] { return b.co.NowText(); });
+    fill("EditSequence", [&] { return b.co.NextEditSequence(); });
+    fill("Date", [&] { return b.co.TodayText(); });
+    if (d.Child("NoteID") && !node.child("NoteID")) {
+      int next = 1;
+      for (auto sib : node.parent().children(node.name()))
+        if (auto id = sib.child("NoteID")) next = std::max(next, id.text().as_int() + 1);
+      node.append_child("NoteID").text().set(next);
+    }
+  });
+}
+
+// ListIDs of every reference in a Ret element.
+void CollectRefs(const Decl& d, pugi::xml_node node, std::vector<std::string>& out) {
+  for (auto c : node.children()) {
+    if (c.type() != pugi::node_element) continue;
+    const ChildRule* rule = d.Child(c.name());
+    if (!rule) continue;
+    const Decl& cd = S().At(rule->decl);
+    if (cd.IsRef()) {
+      if (auto id = c.child("ListID"); id && !RefTargets(cd.name, nullptr).empty()) out.emplace_back(id.text().get());
+      else if (cd.name == "ParentRef" && id) out.emplace_back(id.text().get());
+    } else if (cd.IsComplex()) {
+      CollectRefs(cd, c, out);
+    }
+  }
+}
+
+std::optional<long long> Amount(pugi::xml_node n) {
+  if (!n) return std::nullopt;
+  return ParseDecimal(n.text().get());
+}
+
+// The kind's own rules, run after the body was merged.
+void ApplyKindRules(Builder& b, pugi::xml_node in, pugi::xml_node ret, Record& r) {
+  std::string_view base = b.kind.base;
+  // Opening balances become the balance.
+  if (base == "Customer" || base == "Vendor" || base == "Account") {
+    if (auto ob = in.child("OpenBalance")) SetChild(ret, "Balance", Text(ob).empty() ? "0.00" : Text(ob));
+  }
+  // Employees are named by their name parts.
+  if (base == "Employee") {
+    std::string name;
+    for (const char* part : {"FirstName", "MiddleName", "LastName"}) {
+      std::string v = Text(ret.child(part));
+      if (v.empty()) continue;
+      if (!name.empty()) name += ' ';
+      name += v;
+    }
+    if (!name.empty()) SetChild(ret, "Name", name);
+  }
+  // Items carry a bar code value.
+  if (auto bc = in.child("BarCode"); bc && b.kind.ret->Child("BarCodeValue"))
+    SetChild(ret, "BarCodeValue", Text(bc.child("BarCodeValue")));
+  // Inventory starts with a quantity and value on hand.
+  if (b.isAdd && (base == "ItemInventory" || base == "ItemInventoryAssembly")) {
+    auto qty = Amount(in.child("QuantityOnHand"));
+    auto value = Amount(in.child("TotalValue"));
+    if (qty && value && *qty != 0)
+      SetChild(ret, "AverageCost", FormatDecimal(static_cast<long long>((static_cast<long double>(*value) / *qty) * 100000.0L), 2));
+  }
+  if (base == "Account") {
+    if (auto line = in.child("TaxLineID")) {
+      if (auto old = ret.child("TaxLineInfoRet")) ret.remove_child(old);
+      if (!Text(line).empty()) ret.append_child("TaxLineInfoRet").append_child("TaxLineID").text().set(Text(line).c_str());
+    }
+    std::string type = Text(ret.child("AccountType"));
+    r.sortGroup = static_cast<int>(std::find(std::begin(kAccountOrder), std::end(kAccountOrder), type) - std::begin(kAccountOrder));
+  }
+  // Price levels and billing rates say which form they take; per-item adjustments become prices.
+  if (base == "PriceLevel" || base == "BillingRate") {
+    bool price = base == "PriceLevel";
+    bool fixed = ret.child(price ? "PriceLevelFixedPercentage" : "FixedBillingRate");
+    SetChild(ret, price ? "PriceLevelType" : "BillingRateType",
+             fixed ? (price ? "FixedPercentage" : "FixedRate") : "PerItem");
+    const char* inLine = price ? "PriceLevelPerItem" : "BillingRatePerItem";
+    const char* outLine = price ? "PriceLevelPerItemRet" : "BillingRatePerItemRet";
+    auto outIt = ret.children(outLine).begin();
+    for (auto line : in.children(inLine)) {
+      if (outIt == ret.children(outLine).end()) break;
+      pugi::xml_node target = *outIt++;
+      auto pct = Amount(line.child("AdjustPercentage"));
+      if (!pct) continue;
+      std::string relative = Text(line.child(price ? "AdjustRelativeTo" : "AdjustBillingRateRelativeTo"));
+      auto item = b.co.Data().ById(Text(target.child("ItemRef").child("ListID")));
+      long long basis = 0;
+      if (item) {
+        pugi::xml_document idoc;
+        idoc.load_string(item->ret.c_str());
+        auto iret = idoc.first_child();
+        const char* names[] = {"SalesPrice", "Price", "PurchaseCost"};
+        for (const char* n : names) {
+          if (relative == "Cost" && std::string_view(n) != "PurchaseCost") continue;
+          auto node = iret.select_node((std::string(".//") + n).c_str()).node();
+          if (auto v = Amount(node)) {
+            basis = *v;
+            break;
+          }
+        }
+      }
+      long long result = static_cast<long long>(static_cast<long double>(basis) * (1.0L + *pct / 10000000.0L));
+      SetChild(target, price ? "CustomPrice" : "CustomRate", FormatDecimal(result, 2));
+    }
+  }
+}
+
+// Name, full name, level and uniqueness of the record; throws StatusError.
+void ApplyNames(Builder& b, pugi::xml_node ret, Record& r, const Record* old) {
+  const ListKind& kind = b.kind;
+  if (kind.nameField.empty()) return;
+  std::string name = Text(ret.child(std::string(kind.nameField).c_str()));
+  std::string verb = b.isAdd ? "saving" : "modifying";
+  auto refuse = [&](int code, const std::string& why) {
+    throw StatusError{code, "There was an error when " + verb + " a " + std::string(kind.label) + " list, element " +
+                                Q(name) + ". QuickBooks error message: " + why};
+  };
+  if (Trim(name).empty()) refuse(3180, "The name of the list element cannot be blank.");
+  if (name.find(':') != std::string::npos) refuse(3180, "The name of the list element cannot contain a colon (:).");
+  std::string fullName = name;
+  r.parentId.clear();
+  r.sublevel = 0;
+  if (kind.hierarchical) {
+    std::string parentId = Text(ret.child("ParentRef").child("ListID"));
+    if (!parentId.empty()) {
+      auto parent = b.co.Data().ById(parentId);
+      if (!parent) throw StatusError{3140, "There is an invalid reference to QuickBooks " + std::string(kind.label) +
+                                               " " + Q(parentId) + " in the " + std::string(kind.label) + "."};
+      for (auto p = parent; p; p = p->parentId.empty() ? std::nullopt : b.co.Data().ById(p->parentId))
+        if (old && p->listId == old->listId) refuse(3170, "A list element cannot be placed under itself or its sub-elements.");
+      fullName = parent->fullName + ":" + name;
+      r.parentId = parent->listId;
+      r.sublevel = parent->sublevel + 1;
+    }
+    if (kind.ret->Child("Sublevel")) SetChild(ret, "Sublevel", std::to_string(r.sublevel));
+  }
+  if (kind.ret->Child("FullName")) SetChild(ret, "FullName", fullName);
+  r.fullName = fullName;
+  r.nameKey = NameKey(fullName);
+  auto clash = b.co.Data().ByName(r.nameGroup, r.nameKey);
+  if (clash && clash->rowId != r.rowId)
+    throw StatusError{3100, "The name " + Q(fullName) + " of the list element is already in use."};
+}
+
+std::string StoreText(pugi::xml_node ret) {
+  std::string s;
+  Serialize(ret, s);
+  return s;
+}
+
+// Rewrites a stored record through `edit`, keeping its identity and edit sequence.
+template <class Edit>
+void Patch(Company& co, Record r, Edit edit) {
+  pugi::xml_document doc;
+  doc.load_string(r.ret.c_str());
+  edit(r, doc.first_child());
+  r.ret = StoreText(doc.first_child());
+  co.Data().Update(r);
+}
+
+// Balance columns: TotalBalance (own balance plus the sub-records') for customers and accounts,
+// Balance for vendors.
+bool HasTotals(const ListKind& k) { return k.base == "Customer" || k.base == "Account"; }
+
+void RecomputeTotals(Company& co, std::string listId) {
+  while (!listId.empty()) {
+    auto rec = co.Data().ById(listId);
+    if (!rec) return;
+    const ListKind* k = KindByCode(rec->kind);
+    if (!k || !HasTotals(*k)) return;
+    Patch(co, *rec, [&](Record& r, pugi::xml_node ret) {
+      long long total = Amount(ret.child("Balance")).value_or(0);
+      for (auto& child : co.Data().Children(r.listId)) total += child.balance;
+      r.balance = total;
+      SetChild(ret, "TotalBalance", FormatAmount(total));
+    });
+    listId = rec->parentId;
+  }
+}
+
+// After a record's full name changed: every reference to it, and its sub-records' names.
+void Renamed(Company& co, const Record& r) {
+  for (auto& source : co.Data().Referrers(r.listId)) {
+    auto rec = co.Data().ById(source);
+    if (!rec) continue;
+    Patch(co, *rec, [&](Record&, pugi::xml_node ret) {
+      for (auto x : ret.select_nodes((".//ListID[text()='" + r.listId + "']").c_str())) {
+        auto refNode = x.node().parent();
+        if (refNode == ret) continue;
+        SetChild(refNode, "FullName", r.fullName);
+        refNode.append_move(refNode.child("FullName"));
+      }
+    });
+  }
+  for (auto& child : co.Data().Children(r.listId)) {
+    const ListKind* k = KindByCode(child.kind);
+    Record updated;
+    Patch(co, child, [&](Record& c, pugi::xml_node ret) {
+      c.fullName = r.fullName + ":" + Text(ret.child(std::string(k->nameField).c_str()));
+      c.nameKey = NameKey(c.fullName);
+      c.sublevel = r.sublevel + 1;
+      auto clash = co.Data().ByName(c.nameGroup, c.nameKey);
+      if (clash && clash->rowId != c.rowId)
+        throw StatusError{3100, "The name " + Q(c.fullName) + " of the list element is already in use."};
+      SetChild(ret, "FullName", c.fullName);
+      SetChild(ret, "Sublevel", std::to_string(c.sublevel));
+      Builder b{co, *k, false};
+      Canonicalize(b, *k->ret, ret);
+      updated = c;
+    });
+    updated.ret.clear();
+    Renamed(co, updated);
+  }
+}
+
+void Deactivated(Company& co, const Record& r) {
+  for (auto& child : co.Data().Children(r.listId)) {
+    if (!child.active) continue;
+    Patch(co, child, [&](Record& c, pugi::xml_node ret) {
+      c.active = false;
+      SetChild(ret, "IsActive", "false");
+    });
+    Deactivated(co, child);
+  }
+}
+
+Record Finish(Builder& b, pugi::xml_node ret, Record r, const Record* old) {
+  Canonicalize(b, *b.kind.ret, ret);
+  r.active = Text(ret.child("IsActive")) != "false";
+  if (HasTotals(b.kind)) {
+    long long total = Amount(ret.child("Balance")).value_or(0);
+    if (old)
+      for (auto& child : b.co.Data().Children(r.listId)) total += child.balance;
+    r.balance = total;
+    if (b.kind.ret->Child("TotalBalance")) {
+      SetChild(ret, "TotalBalance", FormatAmount(total));
+      Canonicalize(b, *b.kind.ret, ret);
+    }
+  } else if (auto bal = Amount(ret.child("Balance"))) {
+    r.balance = *bal;
+  }
+  r.ret = StoreText(ret);
+  std::vector<std::string> refs;
+  CollectRefs(*b.kind.ret, ret, refs);
+  if (old) b.co.Data().Update(r);
+  else b.co.Data().Insert(r);
+  if (!refs.empty() || old) b.co.Data().SetReferences(r.listId, refs);
+  return r;
+}
+
+}  // namespace
+
+std::optional<Record> FindById(Company& co, const std::vector<const ListKind*>& kinds, std::string_view listId) {
+  auto r = co.Data().ById(listId);
+  if (!r) return std::nullopt;
+  for (auto k : kinds)
+    if (k->code == r->kind) return r;
+  return std::nullopt;
+}
+
+std::optional<Record> FindByName(Company& co, const std::vector<const ListKind*>& kinds, std::string_view fullName) {
+  std::string key = NameKey(fullName);
+  std::vector<int> groups;
+  for (auto k : kinds) {
+    if (std::find(groups.begin(), groups.end(), k->GroupCode()) != groups.end()) continue;
+    groups.push_back(k->GroupCode());
+    auto r = co.Data().ByName(k->GroupCode(), key);
+    if (!r) continue;
+    for (auto k2 : kinds)
+      if (k2->code == r->kind) return r;
+  }
+  return std::nullopt;
+}
+
+Record AddListRecord(Company& co, const ListKind& kind, pugi::xml_node add,
+                     const std::vector<std::pair<std::string, std::string>>& extra) {
+  Builder b{co, kind, true};
+  pugi::xml_document doc;
+  auto ret = doc.append_child(kind.retName.c_str());
+  Merge(b, add, *kind.ret, ret, true);
+  for (auto& [name, value] : extra) SetChild(ret, name.c_str(), value);
+  if (kind.ret->Child("IsActive") && !ret.child("IsActive")) ret.append_child("IsActive").text().set("true");
+  for (auto [name, value] : kind.defaults) {
+    std::string n(name);
+    std::string v = value == "today" ? co.TodayText() : std::string(value);
+    if (!ret.child(n.c_str())) ret.append_child(n.c_str()).text().set(v.c_str());
+  }
+  Record r;
+  r.kind = kind.code;
+  r.nameGroup = kind.GroupCode();
+  ApplyKindRules(b, add, ret, r);
+  ApplyNames(b, ret, r, nullptr);
+  r.listId = co.NewListId();
+  r.timeCreated = r.timeModified = co.Now();
+  r.editSequence = co.NextEditSequence();
+  SetChild(ret, "ListID", r.listId);
+  SetChild(ret, "TimeCreated", co.NowText());
+  SetChild(ret, "TimeModified", co.NowText());
+  SetChild(ret, "EditSequence", r.editSequence);
+  Record out = Finish(b, ret, std::move(r), nullptr);
+  if (HasTotals(kind) && !out.parentId.empty()) RecomputeTotals(co, out.parentId);
+  return out;
+}
+
+Record ModListRecord(Company& co, const ListKind& kind, pugi::xml_node mod) {
+  std::string listId = Text(mod.child("ListID"));
+  std::string editSequence = Text(mod.child("EditSequence"));
+  auto old = co.Data().ById(listId);
+  if (!old || old->kind != kind.code)
+    throw StatusError{3120, "Object " + Q(listId) + " specified in the request cannot be found."};
+  if (old->editSequence != editSequence)
+    throw StatusError{3200, "The provided edit sequence " + Q(editSequence) + " is out-of-date."};
+  Builder b{co, kind, false};
+  pugi::xml_document doc;
+  doc.load_string(old->ret.c_str());
+  auto ret = doc.first_child();
+  Merge(b, mod, *kind.ret, ret, true);
+  Record r = *old;
+  ApplyKindRules(b, mod, ret, r);
+  ApplyNames(b, ret, r, &*old);
+  r.timeModified = co.Now();
+  r.editSequence = co.NextEditSequence(old->editSequence);
+  SetChild(ret, "TimeModified", co.NowText());
+  SetChild(ret, "EditSequence", r.editSequence);
+  Record out = Finish(b, ret, std::move(r), &*old);
+  if (out.fullName != old->fullName) Renamed(co, out);
+  if (old->active && !out.active && kind.hierarchical) Deactivated(co, out);
+  if (HasTotals(kind) && (out.balance != old->balance || out.parentId != old->parentId)) {
+    RecomputeTotals(co, old->parentId);
+    RecomputeTotals(co, out.parentId);
+  }
+  if (out.fullName != old->fullName || (old->active && !out.active)) out = *co.Data().ById(out.listId);
+  return out;
+}
+
+DeletedRecord DeleteListRecord(Company& co, const ListKind& kind, std::string_view listId) {
+  auto r = co.Data().ById(listId);
+  if (!r || r->kind != kind.code)
+    throw StatusError{3120, "Object " + Q(listId) + " specified in the request cannot be found."};
+  auto refuse = [&](const std::string& why) {
+    throw StatusError{3170, "There was an error when deleting a " + std::string(kind.label) + " list, element " +
+                                Q(r->fullName) + ". QuickBooks error message: " + why};
+  };
+  if (!co.Data().Children(r->listId).empty())
+    refuse("This list element has sub-elements; delete or move them first.");
+  for (auto& source : co.Data().Referrers(r->listId))
+    if (source != r->listId) refuse("This object is in use and cannot be deleted.");
+  if (kind.base == "Account" && r->ret.find("<SpecialAccountType>") != std::string::npos)
+    refuse("QuickBooks uses this account for its own purposes; it cannot be deleted.");
+  co.Data().Delete(*r);
+  DeletedRecord d{std::string(kind.base), r->listId, r->fullName, r->timeCreated, co.Now()};
+  co.Data().AddDeleted(kind.code, d);
+  if (HasTotals(kind)) RecomputeTotals(co, r->parentId);
+  return d;
+}
+
+void WriteRecord(Company& co, std::string_view listId, std::string_view ret, const std::vector<std::string>& include,
+                 const std::vector<std::string>& owners, std::string& out) {
+  if (include.empty() && owners.empty()) {
+    AppendResponseText(out, ret);
+    out += '\n';
+    return;
+  }
+  std::string s(ret);
+  if (!owners.empty()) {
+    std::string ext = DataExtRets(co, listId, owners);
+    if (!ext.empty()) s.insert(s.rfind("</"), ext);
+  }
+  if (!include.empty()) {
+    pugi::xml_document doc;
+    doc.load_string(s.c_str());
+    auto root = doc.first_child();
+    for (auto c = root.first_child(); c;) {
+      auto next = c.next_sibling();
+      std::string_view name = c.name();
+      bool keep = (name == "DataExtRet" && !owners.empty()) ||
+                  std::find(include.begin(), include.end(), name) != include.end();
+      if (!keep) root.remove_child(c);
+      c = next;
+    }
+    s.clear();
+    Serialize(root, s);
+  }
+  AppendResponseText(out, s);
+  out += '\n';
+}
+
+}  // namespace brenvale::rqp::detail

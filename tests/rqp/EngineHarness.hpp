@@ -1,0 +1,155 @@
+#pragma once
+// Drives the company engine with raw qbXML as a host would, on a company file in a fresh temporary
+// folder, and checks every response against Intuit's qbXML 13.0 schema when the schema folder is
+// there.
+#include <gtest/gtest.h>
+
+#include <libxml/parser.h>
+#include <libxml/xmlschemas.h>
+
+#include <filesystem>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+#include <pugixml.hpp>
+
+#include "brenvale/core/BrenvaleError.hpp"
+#include "brenvale/rqp/CompanyEngine.hpp"
+
+namespace rqptest {
+
+namespace fs = std::filesystem;
+using brenvale::BrenvaleError;
+using brenvale::rqp::CompanyEngine;
+
+// The compiled qbXML schema, or nullptr when the folder is absent.
+inline xmlSchemaPtr QbxmlSchema() {
+  static xmlSchemaPtr schema = [] () -> xmlSchemaPtr {
+    std::string path = std::string(BRENVALE_SCHEMA_DIR) + "/qbxmlops130.xsd";
+    if (!fs::exists(path)) return nullptr;
+    xmlSchemaParserCtxtPtr ctxt = xmlSchemaNewParserCtxt(path.c_str());
+    xmlSchemaPtr s = xmlSchemaParse(ctxt);
+    xmlSchemaFreeParserCtxt(ctxt);
+    return s;
+  }();
+  return schema;
+}
+
+// Empty when `document` validates; libxml2's messages otherwise.
+inline std::string SchemaErrors(const std::string& document) {
+  xmlSchemaPtr schema = QbxmlSchema();
+  if (!schema) return {};
+  std::string errors;
+  xmlDocPtr doc = xmlReadMemory(document.data(), static_cast<int>(document.size()), "response.xml", nullptr,
+                                XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
+  if (!doc) return "not well-formed";
+  xmlSchemaValidCtxtPtr v = xmlSchemaNewValidCtxt(schema);
+  xmlSchemaSetValidStructuredErrors(
+      v,
+      [](void* out, xmlErrorPtr e) {
+        *static_cast<std::string*>(out) += std::to_string(e->line) + ": " + (e->message ? e->message : "") ;
+      },
+      &errors);
+  int rc = xmlSchemaValidateDoc(v, doc);
+  xmlSchemaFreeValidCtxt(v);
+  xmlFreeDoc(doc);
+  if (rc != 0 && errors.empty()) errors = "invalid";
+  return errors;
+}
+
+struct Status {
+  std::string name;
+  int code = -1;
+  std::string severity, message;
+  pugi::xml_node node;
+};
+
+class EngineTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::random_device rd;
+    dir_ = fs::temp_directory_path() / ("rqp-test-" + std::to_string(rd()) + std::to_string(rd()));
+    fs::create_directories(dir_);
+    Open();
+  }
+
+  void TearDown() override {
+    engine_.reset();
+    std::error_code ec;
+    fs::remove_all(dir_, ec);
+  }
+
+  void Open(brenvale::rqp::HostFacts facts = {}) {
+    engine_ = std::make_unique<CompanyEngine>(std::move(facts));
+    engine_->OpenConnection("", "rqp tests");
+    ticket_ = engine_->BeginSession(Company(), brenvale::qbOpenModeSingleUser);
+  }
+
+  std::string Company() const { return (dir_ / "company.qbw").string(); }
+
+  // The request text of a message holding `requests`, as the library writes it.
+  static std::string Message(const std::string& requests, const std::string& onError = "continueOnError") {
+    return "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><!DOCTYPE QBXML PUBLIC '-//INTUIT//DTD QBXML QBD 13.0//EN' >"
+           "<QBXML><QBXMLMsgsRq onError = \"" +
+           onError + "\">" + requests + "</QBXMLMsgsRq></QBXML>";
+  }
+
+  // Sends a message and returns the response text, checked against the schema.
+  std::string Raw(const std::string& requests, const std::string& onError = "continueOnError") {
+    std::string response = engine_->ProcessRequest(ticket_, Message(requests, onError));
+    std::string errors = SchemaErrors(response);
+    EXPECT_EQ(errors, "") << response;
+    return response;
+  }
+
+  // Sends a message and returns the status of each response.
+  std::vector<Status> Send(const std::string& requests, const std::string& onError = "continueOnError") {
+    docs_.push_back(std::make_unique<pugi::xml_document>());
+    auto& doc = *docs_.back();
+    std::string text = Raw(requests, onError);
+    EXPECT_TRUE(doc.load_string(text.c_str())) << text;
+    std::vector<Status> out;
+    for (auto rs : doc.child("QBXML").child("QBXMLMsgsRs").children()) {
+      Status s{rs.name(), rs.attribute("statusCode").as_int(), rs.attribute("statusSeverity").value(),
+               rs.attribute("statusMessage").value(), rs};
+      out.push_back(s);
+    }
+    return out;
+  }
+
+  // One request; its status.
+  Status One(const std::string& request) {
+    auto all = Send(request);
+    EXPECT_EQ(all.size(), 1u);
+    return all.empty() ? Status{} : all.front();
+  }
+
+  // Adds a record of `kind` from the children of its Add body; returns its Ret element.
+  pugi::xml_node Add(const std::string& kind, const std::string& body) {
+    Status s = One("<" + kind + "AddRq><" + kind + "Add>" + body + "</" + kind + "Add></" + kind + "AddRq>");
+    EXPECT_EQ(s.code, 0) << s.message;
+    return s.node.first_child();
+  }
+
+  // The error thrown by ProcessRequest for the text.
+  BrenvaleError Failure(const std::string& text) {
+    try {
+      engine_->ProcessRequest(ticket_, text);
+    } catch (const BrenvaleError& e) {
+      return e;
+    }
+    ADD_FAILURE() << "no error raised";
+    return BrenvaleError(0, "", "");
+  }
+
+  fs::path dir_;
+  std::unique_ptr<CompanyEngine> engine_;
+  std::string ticket_;
+  std::vector<std::unique_ptr<pugi::xml_document>> docs_;
+};
+
+inline std::string Text(pugi::xml_node n, const char* path) { return n.first_element_by_path(path).text().get(); }
+
+}  // namespace rqptest

@@ -1,0 +1,146 @@
+// Every list kind: added, read back, modified where QuickBooks allows it, and every answer valid
+// against the qbXML schema.
+#include "rqp/EngineHarness.hpp"
+
+namespace rqptest {
+
+struct KindCase {
+  std::string kind;
+  std::string add;  // children of the Add body
+  std::string mod;  // children of a Mod body, empty when QuickBooks has no Mod
+};
+
+class KindsTest : public EngineTest, public ::testing::WithParamInterface<KindCase> {};
+
+TEST_P(KindsTest, AddQueryModify) {
+  const KindCase& k = GetParam();
+  // What the records refer to.
+  Add("Vendor", "<Name>Maker</Name>");
+  Add("Account", "<Name>Sales</Name><AccountType>Income</AccountType><AccountNumber>4000</AccountNumber>");
+  Add("ItemService", "<Name>Base</Name><SalesOrPurchase><Price>40</Price></SalesOrPurchase>");
+  Add("ItemInventory", "<Name>Stock</Name><SalesPrice>10</SalesPrice>");
+  Add("ItemSalesTax", "<Name>State</Name><TaxRate>6.25</TaxRate>");
+
+  pugi::xml_node ret = Add(k.kind, k.add);
+  ASSERT_TRUE(ret) << k.kind;
+  EXPECT_EQ(std::string(ret.name()), k.kind + "Ret");
+  std::string id = Text(ret, "ListID");
+  Status q = One("<" + k.kind + "QueryRq><ListID>" + id + "</ListID></" + k.kind + "QueryRq>");
+  EXPECT_EQ(q.code, 0);
+  EXPECT_EQ(Text(q.node.first_child(), "ListID"), id);
+  if (k.mod.empty()) return;
+  Status m = One("<" + k.kind + "ModRq><" + k.kind + "Mod><ListID>" + id + "</ListID><EditSequence>" +
+                 Text(ret, "EditSequence") + "</EditSequence>" + k.mod + "</" + k.kind + "Mod></" + k.kind + "ModRq>");
+  EXPECT_EQ(m.code, 0) << m.message;
+}
+
+const std::string kSalesOrPurchase = "<SalesOrPurchase><Desc>d</Desc><Price>12.5</Price><AccountRef><FullName>Sales</FullName></AccountRef></SalesOrPurchase>";
+
+INSTANTIATE_TEST_SUITE_P(
+    Lists, KindsTest,
+    ::testing::Values(
+        KindCase{"Account", "<Name>Checking</Name><AccountType>Bank</AccountType><OpenBalance>50</OpenBalance><TaxLineID>1</TaxLineID>",
+                 "<Desc>Main</Desc><OpenBalance>60</OpenBalance>"},
+        KindCase{"Customer",
+                 "<Name>Full</Name><CompanyName>Full Ltd</CompanyName><BillAddress><Addr1>1 Main</Addr1><City>Town</City>"
+                 "</BillAddress><ShipToAddress><Name>Dock</Name><City>Port</City></ShipToAddress><Contacts><FirstName>Al"
+                 "</FirstName><AdditionalContactRef><ContactName>Cell</ContactName><ContactValue>1</ContactValue>"
+                 "</AdditionalContactRef></Contacts><AdditionalNotes><Note>hello</Note></AdditionalNotes>"
+                 "<CreditCardInfo><ExpirationMonth>12</ExpirationMonth></CreditCardInfo><Suffix>Jr</Suffix>",
+                 "<AdditionalNotesMod><NoteID>1</NoteID><Note>bye</Note></AdditionalNotesMod><JobStatus>Pending</JobStatus>"},
+        KindCase{"Vendor", "<Name>V2</Name><VendorAddress><Addr1>x</Addr1></VendorAddress><IsVendorEligibleFor1099>true"
+                           "</IsVendorEligibleFor1099><PrefillAccountRef><FullName>Sales</FullName></PrefillAccountRef>",
+                 "<NameOnCheck>V Two</NameOnCheck>"},
+        KindCase{"Employee", "<FirstName>Eve</FirstName><LastName>Ray</LastName><Gender>Female</Gender>"
+                             "<EmployeePayrollInfo><PayPeriod>Weekly</PayPeriod></EmployeePayrollInfo>",
+                 "<EmployeePayrollInfoMod><PayPeriod>Monthly</PayPeriod></EmployeePayrollInfoMod>"},
+        KindCase{"OtherName", "<Name>Other</Name><OtherNameAddress><City>C</City></OtherNameAddress>", "<Notes>n</Notes>"},
+        KindCase{"Class", "<Name>Cls</Name>", "<Name>Cls2</Name>"},
+        KindCase{"CustomerType", "<Name>Retail</Name>", ""},
+        KindCase{"VendorType", "<Name>Supplier</Name>", ""},
+        KindCase{"JobType", "<Name>Repair</Name>", ""},
+        KindCase{"CustomerMsg", "<Name>" + std::string(101, 'm') + "</Name>", ""},
+        KindCase{"PaymentMethod", "<Name>Bitcoin</Name><PaymentMethodType>Other</PaymentMethodType>", ""},
+        KindCase{"ShipMethod", "<Name>Courier</Name>", ""},
+        KindCase{"SalesTaxCode", "<Name>Ex</Name><IsTaxable>false</IsTaxable><Desc>Exempt</Desc>", "<Desc>Exempted</Desc>"},
+        KindCase{"SalesRep", "<Initial>MK</Initial><SalesRepEntityRef><FullName>Maker</FullName></SalesRepEntityRef>",
+                 "<Initial>MK2</Initial>"},
+        KindCase{"StandardTerms", "<Name>Net 45</Name><StdDueDays>45</StdDueDays>", ""},
+        KindCase{"DateDrivenTerms", "<Name>EOM</Name><DayOfMonthDue>31</DayOfMonthDue><DiscountPct>1.5</DiscountPct>", ""},
+        KindCase{"ToDo", "<Notes>Call back</Notes><VendorRef><FullName>Maker</FullName></VendorRef>", "<IsDone>true</IsDone>"},
+        KindCase{"ItemService", "<Name>Svc</Name><BarCode><BarCodeValue>123</BarCodeValue></BarCode>" + kSalesOrPurchase,
+                 "<SalesAndPurchaseMod><SalesPrice>3</SalesPrice><PrefVendorRef><FullName>Maker</FullName></PrefVendorRef>"
+                 "</SalesAndPurchaseMod>"},
+        KindCase{"ItemNonInventory", "<Name>NI</Name><ManufacturerPartNumber>P1</ManufacturerPartNumber>" + kSalesOrPurchase,
+                 "<SalesOrPurchaseMod><PricePercent>5</PricePercent><ApplyAccountRefToExistingTxns>true"
+                 "</ApplyAccountRefToExistingTxns></SalesOrPurchaseMod>"},
+        KindCase{"ItemOtherCharge", "<Name>Fee</Name>" + kSalesOrPurchase, "<IsActive>false</IsActive>"},
+        KindCase{"ItemInventory",
+                 "<Name>Inv</Name><IncomeAccountRef><FullName>Sales</FullName></IncomeAccountRef><QuantityOnHand>3</QuantityOnHand>"
+                 "<TotalValue>9</TotalValue><InventoryDate>2024-01-31</InventoryDate>",
+                 "<ReorderPoint>2</ReorderPoint><ForceUOMChange>true</ForceUOMChange>"},
+        KindCase{"ItemInventoryAssembly",
+                 "<Name>Kit</Name><ItemInventoryAssemblyLine><ItemInventoryRef><FullName>Stock</FullName></ItemInventoryRef>"
+                 "<Quantity>2</Quantity></ItemInventoryAssemblyLine>",
+                 "<ClearItemsInGroup>true</ClearItemsInGroup>"},
+        KindCase{"ItemFixedAsset", "<Name>Truck</Name><AcquiredAs>New</AcquiredAs><PurchaseDesc>F150</PurchaseDesc>"
+                                   "<PurchaseDate>2023-05-01</PurchaseDate><FixedAssetSalesInfo><SalesDesc>sold</SalesDesc>"
+                                   "<SalesDate>2024-01-01</SalesDate></FixedAssetSalesInfo>",
+                 "<FixedAssetSalesInfoMod><SalesPrice>100</SalesPrice></FixedAssetSalesInfoMod>"},
+        KindCase{"ItemSubtotal", "<Name>Subtotal</Name><ItemDesc>sum</ItemDesc>", "<ItemDesc>total</ItemDesc>"},
+        KindCase{"ItemDiscount", "<Name>Disc</Name><DiscountRatePercent>10</DiscountRatePercent>", "<DiscountRate>5</DiscountRate>"},
+        KindCase{"ItemPayment", "<Name>Pay</Name><PaymentMethodRef><FullName>Cash</FullName></PaymentMethodRef>", "<ItemDesc>p</ItemDesc>"},
+        KindCase{"ItemSalesTax", "<Name>County</Name><TaxRate>1</TaxRate><TaxVendorRef><FullName>Maker</FullName></TaxVendorRef>",
+                 "<TaxRate>1.5</TaxRate>"},
+        KindCase{"ItemSalesTaxGroup", "<Name>Combined</Name><ItemSalesTaxRef><FullName>State</FullName></ItemSalesTaxRef>",
+                 "<ItemDesc>both</ItemDesc>"},
+        KindCase{"ItemGroup", "<Name>Bundle</Name><ItemGroupLine><ItemRef><FullName>Base</FullName></ItemRef><Quantity>1</Quantity>"
+                              "</ItemGroupLine>",
+                 "<ItemGroupLine><ItemRef><FullName>Stock</FullName></ItemRef></ItemGroupLine>"},
+        KindCase{"PriceLevel", "<Name>Wholesale</Name><PriceLevelPerItem><ItemRef><FullName>Base</FullName></ItemRef>"
+                               "<AdjustPercentage>-10</AdjustPercentage><AdjustRelativeTo>StandardPrice</AdjustRelativeTo>"
+                               "</PriceLevelPerItem>",
+                 "<PriceLevelFixedPercentage>5</PriceLevelFixedPercentage>"},
+        KindCase{"PayrollItemWage", "<Name>Hourly</Name><WageType>Hourly Regular</WageType><ExpenseAccountRef><FullName>"
+                                    "Payroll Expenses</FullName></ExpenseAccountRef>",
+                 ""},
+        KindCase{"Currency", "<Name>Bitcoin</Name><CurrencyCode>XBT</CurrencyCode><CurrencyFormat><DecimalPlaces>2</DecimalPlaces>"
+                             "</CurrencyFormat>",
+                 "<Name>Digital Gold</Name>"},
+        KindCase{"UnitOfMeasureSet", "<Name>Length</Name><UnitOfMeasureType>Length</UnitOfMeasureType><BaseUnit><Name>foot</Name>"
+                                     "<Abbreviation>ft</Abbreviation></BaseUnit><RelatedUnit><Name>yard</Name><Abbreviation>yd"
+                                     "</Abbreviation><ConversionRatio>3</ConversionRatio></RelatedUnit>",
+                 ""},
+        KindCase{"BillingRate", "<Name>Senior</Name><BillingRatePerItem><ItemRef><FullName>Base</FullName></ItemRef>"
+                                "<CustomRate>120</CustomRate></BillingRatePerItem>",
+                 ""}),
+    [](const ::testing::TestParamInfo<KindCase>& p) { return p.param.kind; });
+
+using KindRulesTest = EngineTest;
+
+TEST_F(KindRulesTest, KindsComputeWhatQuickBooksComputes) {
+  Add("ItemService", "<Name>Base</Name><SalesOrPurchase><Price>40</Price></SalesOrPurchase>");
+  pugi::xml_node level = Add("PriceLevel", "<Name>Less</Name><PriceLevelPerItem><ItemRef><FullName>Base</FullName>"
+                                           "</ItemRef><AdjustPercentage>-10</AdjustPercentage><AdjustRelativeTo>"
+                                           "StandardPrice</AdjustRelativeTo></PriceLevelPerItem>");
+  EXPECT_EQ(Text(level, "PriceLevelType"), "PerItem");
+  EXPECT_EQ(Text(level, "PriceLevelPerItemRet/CustomPrice"), "36.00");
+  pugi::xml_node todo = Add("ToDo", "<Notes>Remember</Notes>");
+  EXPECT_EQ(Text(todo, "IsDone"), "false");
+  EXPECT_EQ(Text(todo, "ReminderDate").size(), 10u);
+  pugi::xml_node wage = Add("PayrollItemWage", "<Name>Salary</Name><WageType>salary regular</WageType>"
+                                               "<ExpenseAccountRef><FullName>Payroll Expenses</FullName></ExpenseAccountRef>");
+  EXPECT_EQ(Text(wage, "WageType"), "SalaryRegular");  // enumerations compare without blanks or case
+  pugi::xml_node svc = Add("ItemService", "<Name>Bar</Name><BarCode><BarCodeValue>0042</BarCodeValue></BarCode>"
+                                          "<SalesOrPurchase><PricePercent>12.50</PricePercent></SalesOrPurchase>");
+  EXPECT_EQ(Text(svc, "BarCodeValue"), "0042");
+  EXPECT_EQ(Text(svc, "SalesOrPurchase/PricePercent"), "12.5");
+  // Templates and non-wage payroll items cannot be added, but templates exist from the start.
+  Status templates = One("<TemplateQueryRq/>");
+  EXPECT_EQ(templates.code, 0);
+  EXPECT_FALSE(Text(templates.node, "TemplateRet/TemplateType").empty());
+  EXPECT_EQ(One("<PayrollItemNonWageQueryRq/>").code, 1);
+  EXPECT_EQ(One("<CurrencyQueryRq><FullName>Euro</FullName></CurrencyQueryRq>").code, 0);
+}
+
+}  // namespace rqptest

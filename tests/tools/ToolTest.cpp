@@ -1,0 +1,480 @@
+// The brenvale tool, run as a subprocess against a company file in a fresh folder: what each
+// command prints, where, and with which exit status.
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Result {
+  int status = -1;
+  std::string out;
+  std::string err;
+};
+
+// Runs the tool with `args` in `dir`, feeding `input` to its standard input.
+Result RunTool(const fs::path& dir, const std::vector<std::string>& args, const std::string& input = {}) {
+  int in[2], out[2], err[2];
+  if (pipe(in) != 0 || pipe(out) != 0 || pipe(err) != 0) return {};
+  pid_t pid = fork();
+  if (pid == 0) {
+    dup2(in[0], 0);
+    dup2(out[1], 1);
+    dup2(err[1], 2);
+    for (int fd : {in[0], in[1], out[0], out[1], err[0], err[1]}) close(fd);
+    if (chdir(dir.c_str()) != 0) _exit(127);
+    std::vector<char*> argv{const_cast<char*>(BRENVALE_TOOL_PATH)};
+    for (const std::string& a : args) argv.push_back(const_cast<char*>(a.c_str()));
+    argv.push_back(nullptr);
+    execv(BRENVALE_TOOL_PATH, argv.data());
+    _exit(127);
+  }
+  close(in[0]);
+  close(out[1]);
+  close(err[1]);
+  if (!input.empty() && write(in[1], input.data(), input.size()) < 0) {
+    // The tool may have exited without reading; its output says why.
+  }
+  close(in[1]);
+  Result r;
+  pollfd fds[2] = {{out[0], POLLIN, 0}, {err[0], POLLIN, 0}};
+  std::string* sinks[2] = {&r.out, &r.err};
+  int open = 2;
+  while (open > 0 && poll(fds, 2, 60000) > 0) {
+    for (int i = 0; i < 2; ++i) {
+      if (fds[i].fd < 0 || !(fds[i].revents & (POLLIN | POLLHUP))) continue;
+      char buf[4096];
+      ssize_t n = read(fds[i].fd, buf, sizeof buf);
+      if (n > 0) {
+        sinks[i]->append(buf, static_cast<std::size_t>(n));
+      } else {
+        close(fds[i].fd);
+        fds[i].fd = -1;
+        --open;
+      }
+    }
+  }
+  int status = 0;
+  waitpid(pid, &status, 0);
+  r.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  return r;
+}
+
+std::string Lines(const Result& r) { return "exit " + std::to_string(r.status) + "\nstdout:\n" + r.out + "stderr:\n" + r.err; }
+
+// The value of "key": "value" in a line of JSON output.
+std::string JsonText(const std::string& json, const std::string& key, std::size_t from = 0) {
+  std::string k = "\"" + key + "\": \"";
+  std::size_t at = json.find(k, from);
+  if (at == std::string::npos) return {};
+  at += k.size();
+  return json.substr(at, json.find('"', at) - at);
+}
+
+class ToolTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::random_device rd;
+    dir_ = fs::temp_directory_path() / ("brenvale-tool-" + std::to_string(rd()) + std::to_string(getpid()));
+    fs::create_directories(dir_);
+    company_ = (dir_ / "test.qbw").string();
+  }
+  void TearDown() override {
+    std::error_code ec;
+    fs::remove_all(dir_, ec);
+  }
+
+  // The tool on the test's company.
+  Result Tool(std::vector<std::string> args, const std::string& input = {}) {
+    args.insert(args.begin(), {"--company", company_});
+    return RunTool(dir_, args, input);
+  }
+
+  std::string AddJobType(const std::string& name, const std::string& parent = {}) {
+    std::vector<std::string> args{"--format", "json", "add", "JobType", "Name=" + name};
+    if (!parent.empty()) args.push_back("Parent=" + parent);
+    Result r = Tool(args);
+    EXPECT_EQ(r.status, 0) << Lines(r);
+    return JsonText(r.out, "ListID");
+  }
+
+  fs::path dir_;
+  std::string company_;
+};
+
+TEST_F(ToolTest, HelpListsEveryCommandAndEachCommandHasItsOwn) {
+  Result top = RunTool(dir_, {"--help"});
+  EXPECT_EQ(top.status, 0) << Lines(top);
+  for (const char* command : {"demo", "info", "list", "add", "delete", "request", "kinds", "--company",
+                              "--processor", "--trace", "--format"})
+    EXPECT_NE(top.out.find(command), std::string::npos) << command;
+  for (const char* command : {"demo", "info", "list", "add", "delete", "request", "kinds"}) {
+    Result r = RunTool(dir_, {command, "--help"});
+    EXPECT_EQ(r.status, 0) << command;
+    EXPECT_NE(r.out.find(command), std::string::npos) << Lines(r);
+    EXPECT_EQ(r.err, "");
+  }
+  Result list = RunTool(dir_, {"list", "--help"});
+  for (const char* option : {"--active", "--name-starts", "--name-contains", "--from-name", "--to-name",
+                             "--modified-since", "--max"})
+    EXPECT_NE(list.out.find(option), std::string::npos) << option;
+  EXPECT_FALSE(fs::exists(dir_ / "brenvale-demo.qbw"));
+}
+
+TEST_F(ToolTest, BadUsageExitsWithTwoBeforeTouchingTheCompany) {
+  struct Case {
+    std::vector<std::string> args;
+    std::string message;
+  };
+  const std::vector<Case> cases = {
+      {{}, "a command is required; the commands are: demo"},
+      {{"frobnicate"}, "unknown command 'frobnicate'; the commands are: demo, info"},
+      {{"list"}, "KIND"},
+      {{"list", "NoSuchKind"}, "unknown kind 'NoSuchKind'; the kinds are: "},
+      {{"add", "Vendorr", "Name=x"}, "unknown kind 'Vendorr'"},
+      {{"delete", "NoSuchKind", "80000001-1"}, "unknown kind"},
+      {{"--format", "yaml", "info"}, "yaml"},
+      {{"list", "JobType", "--active", "--name-starts", "A"}, "--active and --name-starts cannot be combined"},
+      {{"list", "JobType", "--to-name", "B", "--modified-since", "2020-01-01"}, "cannot be combined"},
+      {{"list", "JobType", "--max", "0"}, "--max"},
+      {{"list", "JobType", "--modified-since", "yesterday"}, "--modified-since expects a date"},
+      {{"list", "JobType", "--fields", "Name,Colour"}, "unknown field 'Colour' for JobType; its fields are: ListID"},
+      {{"add", "JobType"}, "FIELD=VALUE"},
+      {{"add", "JobType", "Name"}, "expected Field=Value, got 'Name'"},
+      {{"add", "JobType", "Nmae=Install"}, "JobType has no field 'Nmae' to set; its fields are: Name, IsActive, ParentRef"},
+      {{"add", "JobType", "Name=A", "name=B"}, "field Name is given twice"},
+      {{"add", "JobType", "Name=A", "IsActive=maybe"}, "field IsActive expects true or false, got 'maybe'"},
+      {{"delete", "JobType"}, "delete needs either a LISTID or --name"},
+      {{"--processor", "No.Such.Processor", "info"}, "unknown request processor 'No.Such.Processor'; registered: "},
+      {{"kinds", "Nope"}, "unknown kind 'Nope'"},
+  };
+  for (const Case& c : cases) {
+    Result r = Tool(c.args);
+    EXPECT_EQ(r.status, 2) << Lines(r);
+    EXPECT_NE(r.err.find(c.message), std::string::npos) << Lines(r);
+    EXPECT_EQ(r.err.rfind("brenvale: ", 0), 0u) << Lines(r);
+    EXPECT_EQ(r.out, "") << Lines(r);
+    EXPECT_FALSE(fs::exists(company_)) << "the company was opened for: " << Lines(r);
+  }
+}
+
+TEST_F(ToolTest, FileProblemsExitWithThree) {
+  const std::string missing = (dir_ / "no" / "such" / "folder" / "c.qbw").string();
+  Result info = RunTool(dir_, {"--company", missing, "info"});
+  EXPECT_EQ(info.status, 3) << Lines(info);
+  EXPECT_NE(info.err.find("directory '" + (dir_ / "no" / "such" / "folder").string() + "' does not exist"),
+            std::string::npos)
+      << Lines(info);
+  EXPECT_FALSE(fs::exists(dir_ / "no"));
+
+  Result dirAsCompany = RunTool(dir_, {"--company", dir_.string(), "list", "JobType"});
+  EXPECT_EQ(dirAsCompany.status, 3) << Lines(dirAsCompany);
+
+  Result trace = Tool({"--trace", (dir_ / "missing" / "t.log").string(), "info"});
+  EXPECT_EQ(trace.status, 3) << Lines(trace);
+
+  Result request = Tool({"request", (dir_ / "absent.xml").string()});
+  EXPECT_EQ(request.status, 3) << Lines(request);
+  EXPECT_NE(request.err.find("absent.xml"), std::string::npos) << Lines(request);
+
+  Result empty = Tool({"request", "-"}, "  \n");
+  EXPECT_EQ(empty.status, 3) << Lines(empty);
+  EXPECT_NE(empty.err.find("empty"), std::string::npos) << Lines(empty);
+
+  // A file that is not a company.
+  std::ofstream(dir_ / "junk.qbw") << "this is not a company file";
+  Result junk = RunTool(dir_, {"--company", (dir_ / "junk.qbw").string(), "info"});
+  EXPECT_EQ(junk.status, 3) << Lines(junk);
+  EXPECT_NE(junk.err.find("brenvale: error "), std::string::npos) << Lines(junk);
+  EXPECT_NE(junk.err.find("could not open the company file"), std::string::npos) << Lines(junk);
+}
+
+TEST_F(ToolTest, InfoShowsHostFactsVersionAndCompanyInEachFormat) {
+  Result table = Tool({"info"});
+  ASSERT_EQ(table.status, 0) << Lines(table);
+  EXPECT_NE(table.out.find("qbXML version"), std::string::npos) << table.out;
+  EXPECT_NE(table.out.find("13.0"), std::string::npos) << table.out;
+  EXPECT_NE(table.out.find(company_), std::string::npos) << table.out;
+  EXPECT_NE(table.out.find("BrenvaleRqP.RequestProcessor"), std::string::npos) << table.out;
+  EXPECT_EQ(table.err, "");
+  EXPECT_TRUE(fs::exists(company_));
+
+  Result json = Tool({"info", "--format", "json"});
+  ASSERT_EQ(json.status, 0) << Lines(json);
+  EXPECT_EQ(JsonText(json.out, "qbxmlVersion"), "13.0") << json.out;
+  EXPECT_EQ(JsonText(json.out, "companyFile"), company_) << json.out;
+  EXPECT_NE(json.out.find("\"majorVersion\": "), std::string::npos) << json.out;
+
+  Result xml = Tool({"--format", "xml", "info"});
+  ASSERT_EQ(xml.status, 0) << Lines(xml);
+  EXPECT_NE(xml.out.find("<HostRet>"), std::string::npos) << xml.out;
+  EXPECT_NE(xml.out.find("<SupportedQBXMLVersion>13.0</SupportedQBXMLVersion>"), std::string::npos) << xml.out;
+}
+
+TEST_F(ToolTest, AddListAndDeleteJobTypes) {
+  const std::string parentId = AddJobType("Installation");
+  const std::string childId = AddJobType("Residential", "Installation");
+  const std::string quoted = AddJobType("Say \"hi\" \\ there");
+  ASSERT_FALSE(parentId.empty());
+  ASSERT_FALSE(childId.empty());
+
+  // The table: a header and one aligned row per record.
+  Result table = Tool({"list", "JobType"});
+  ASSERT_EQ(table.status, 0) << Lines(table);
+  std::istringstream lines(table.out);
+  std::vector<std::string> rows;
+  for (std::string l; std::getline(lines, l);) rows.push_back(l);
+  ASSERT_EQ(rows.size(), 4u) << table.out;
+  const std::size_t column = rows[0].find("FullName");
+  ASSERT_NE(column, std::string::npos) << table.out;
+  EXPECT_EQ(rows[0].rfind("ListID", 0), 0u) << table.out;
+  bool childSeen = false;
+  for (std::size_t i = 1; i < rows.size(); ++i) {
+    EXPECT_NE(rows[i].find_first_not_of(' ', column), std::string::npos);
+    EXPECT_EQ(rows[i][column - 1], ' ') << "row " << i << " is not aligned:\n" << table.out;
+    EXPECT_NE(rows[i][column], ' ') << "row " << i << " is not aligned:\n" << table.out;
+    if (rows[i].find("Installation:Residential") == column) childSeen = true;
+  }
+  EXPECT_TRUE(childSeen) << table.out;
+
+  // JSON: every field, typed; text escaped.
+  Result json = Tool({"list", "JobType", "--format", "json"});
+  ASSERT_EQ(json.status, 0) << Lines(json);
+  EXPECT_NE(json.out.find("\"FullName\": \"Installation:Residential\""), std::string::npos) << json.out;
+  EXPECT_NE(json.out.find("\"Sublevel\": 1"), std::string::npos) << json.out;
+  EXPECT_NE(json.out.find("\"IsActive\": true"), std::string::npos) << json.out;
+  EXPECT_NE(json.out.find("\"ParentRef\": {\"ListID\": \"" + parentId + "\", \"FullName\": \"Installation\"}"),
+            std::string::npos)
+      << json.out;
+  EXPECT_NE(json.out.find(R"("Name": "Say \"hi\" \\ there")"), std::string::npos) << json.out;
+
+  // qbXML: the records in response form.
+  Result xml = Tool({"list", "JobType", "--format", "xml", "--name-ends", "dential"});
+  ASSERT_EQ(xml.status, 0) << Lines(xml);
+  EXPECT_NE(xml.out.find("<JobTypeQueryRs"), std::string::npos) << xml.out;
+  EXPECT_NE(xml.out.find("      <JobTypeRet>\n        <ListID>" + childId + "</ListID>"), std::string::npos) << xml.out;
+  EXPECT_EQ(xml.out.find("<Name>Installation</Name>"), std::string::npos) << xml.out;
+
+  // Chosen columns.
+  Result columns = Tool({"list", "JobType", "--fields", "name,Sublevel", "--name-contains", "esident"});
+  ASSERT_EQ(columns.status, 0) << Lines(columns);
+  EXPECT_EQ(columns.out, "Name         Sublevel\nResidential  1\n");
+
+  // Delete by ListID, then by name; deleting again is QuickBooks' refusal.
+  Result del = Tool({"delete", "JobType", childId});
+  EXPECT_EQ(del.status, 0) << Lines(del);
+  EXPECT_EQ(del.out, "deleted JobType " + childId + "\n");
+  Result byName = Tool({"delete", "JobType", "--name", "Say \"hi\" \\ there", "--format", "json"});
+  EXPECT_EQ(byName.status, 0) << Lines(byName);
+  EXPECT_EQ(JsonText(byName.out, "ListID"), quoted);
+  Result again = Tool({"delete", "JobType", childId});
+  EXPECT_EQ(again.status, 1) << Lines(again);
+  EXPECT_NE(again.err.find("brenvale: error 1026 (0x80040402): "), std::string::npos) << Lines(again);
+  Result noName = Tool({"delete", "JobType", "--name", "Nobody"});
+  EXPECT_EQ(noName.status, 1) << Lines(noName);
+
+  Result after = Tool({"list", "JobTypes", "--format", "json"});
+  ASSERT_EQ(after.status, 0) << Lines(after);
+  EXPECT_EQ(after.out.find("Residential"), std::string::npos) << after.out;
+  EXPECT_NE(after.out.find("\"Name\": \"Installation\""), std::string::npos) << after.out;
+}
+
+TEST_F(ToolTest, ListFiltersChooseTheQuery) {
+  for (const char* name : {"Alpha", "Bravo", "Charlie", "Delta"}) AddJobType(name);
+  ASSERT_EQ(Tool({"add", "JobType", "Name=Echo", "IsActive=false"}).status, 0);
+
+  struct Case {
+    std::vector<std::string> filter;
+    std::vector<std::string> expected;
+  };
+  const std::vector<Case> cases = {
+      // QuickBooks answers a query with the active records unless it names another status.
+      {{}, {"Alpha", "Bravo", "Charlie", "Delta"}},
+      {{"--active"}, {"Alpha", "Bravo", "Charlie", "Delta"}},
+      {{"--name-starts", "Ch"}, {"Charlie"}},
+      {{"--name-contains", "lt"}, {"Delta"}},
+      {{"--name-ends", "vo"}, {"Bravo"}},
+      {{"--from-name", "Bravo", "--to-name", "Delta"}, {"Bravo", "Charlie", "Delta"}},
+      {{"--from-name", "Charlie"}, {"Charlie", "Delta"}},
+      {{"--to-name", "Bravo"}, {"Alpha", "Bravo"}},
+      {{"--max", "2"}, {"Alpha", "Bravo"}},
+      {{"--modified-since", "2000-01-01"}, {"Alpha", "Bravo", "Charlie", "Delta"}},
+      {{"--modified-since", "2999-01-01"}, {}},
+  };
+  for (const Case& c : cases) {
+    std::vector<std::string> args{"list", "JobType", "--fields", "Name"};
+    args.insert(args.end(), c.filter.begin(), c.filter.end());
+    Result r = Tool(args);
+    ASSERT_EQ(r.status, 0) << Lines(r);
+    std::string expected = "Name\n";
+    for (const std::string& n : c.expected) expected += n + "\n";
+    EXPECT_EQ(r.out, expected) << (c.filter.empty() ? std::string("(no filter)") : c.filter[0]);
+  }
+}
+
+TEST_F(ToolTest, ValidationAndQuickBooksFailuresComeBackAsTheLibrarysErrors) {
+  const std::string name32(32, 'x');
+  Result tooLong = Tool({"add", "JobType", "Name=" + name32});
+  EXPECT_EQ(tooLong.status, 1) << Lines(tooLong);
+  EXPECT_EQ(tooLong.out, "");
+  EXPECT_NE(tooLong.err.find("error 1013 (0x800403F5) in Name: Name cannot exceed 31 characters"), std::string::npos)
+      << Lines(tooLong);
+  EXPECT_NE(tooLong.err.find("brenvale: error 1023 (0x800403FF): Error(s) occurred during commit."),
+            std::string::npos)
+      << Lines(tooLong);
+  // 31 characters pass.
+  EXPECT_EQ(Tool({"add", "JobType", "Name=" + name32.substr(1)}).status, 0);
+
+  Result empty = Tool({"add", "JobType", "Name="});
+  EXPECT_EQ(empty.status, 1) << Lines(empty);
+  EXPECT_NE(empty.err.find("error 1012 (0x800403F4) in Name: Name cannot be null"), std::string::npos)
+      << Lines(empty);
+
+  Result orphan = Tool({"add", "JobType", "Name=Child", "Parent=Nobody"});
+  EXPECT_EQ(orphan.status, 1) << Lines(orphan);
+  EXPECT_NE(orphan.err.find("error 1010 (0x800403F2)"), std::string::npos) << Lines(orphan);
+
+  AddJobType("Twice");
+  Result duplicate = Tool({"add", "JobType", "Name=Twice"});
+  EXPECT_EQ(duplicate.status, 1) << Lines(duplicate);
+  EXPECT_NE(duplicate.err.find("error 1017 (0x800403F9) in Name: Name specified already exists on file"),
+            std::string::npos)
+      << Lines(duplicate);
+
+  Result list = Tool({"list", "JobType", "--fields", "Name"});
+  EXPECT_EQ(list.out, "Name\nTwice\n" + name32.substr(1) + "\n") << Lines(list);
+}
+
+TEST_F(ToolTest, EveryKindAddsThroughItsOwnRecordAndRules) {
+  struct Case {
+    std::vector<std::string> fields;
+    int status;
+    std::string expected;  // in stdout on success, in stderr on failure
+  };
+  const std::vector<std::pair<std::string, Case>> cases = {
+      {"ShipMethod", {{"Name=Courier"}, 0, "Courier"}},
+      {"Class", {{"Name=West"}, 0, "West"}},
+      {"VendorType", {{"Name=Supplies", "IsActive=false"}, 0, "false"}},
+      {"ToDo", {{"Notes=Ring back", "ReminderDate=2026-12-01"}, 0, "2026-12-01"}},
+      {"SalesTaxCode", {{"Name=Out", "Desc=Out of state", "IsTaxable=true"}, 0, "Out of state"}},
+      {"CustomerMessage", {{"Name=" + std::string(102, 'm')}, 1, "error 2400 (0x80040960) in Name"}},
+      {"SalesTaxCode", {{"Name=ABCD"}, 1, "error 1400 (0x80040578) in Name"}},
+      {"ToDo", {{"IsDone=true"}, 1, "error 2500 (0x800409C4)"}},
+      {"CustomerType", {{"Name=" + std::string(32, 'c')}, 1, "error 1013 (0x800403F5) in Name"}},
+      {"PaymentMethod", {{"Parent=Cash"}, 2, "PaymentMethod has no field 'Parent' to set; its fields are: Name, IsActive"}},
+      {"Template", {{"Name=Mine"}, 2, "Template records cannot be added"}},
+      {"ToDo", {{"ReminderDate=soon"}, 2, "field ReminderDate expects a date (yyyy-mm-dd), got 'soon'"}},
+  };
+  for (const auto& [kind, c] : cases) {
+    std::vector<std::string> args{"add", kind};
+    args.insert(args.end(), c.fields.begin(), c.fields.end());
+    Result r = Tool(args);
+    EXPECT_EQ(r.status, c.status) << kind << "\n" << Lines(r);
+    EXPECT_NE((c.status == 0 ? r.out : r.err).find(c.expected), std::string::npos) << kind << "\n" << Lines(r);
+  }
+}
+
+TEST_F(ToolTest, EveryKindListsOrReportsAnErrorWithoutCrashing) {
+  Result kinds = Tool({"kinds", "--format", "json"});
+  ASSERT_EQ(kinds.status, 0) << Lines(kinds);
+  int listed = 0;
+  for (std::size_t at = kinds.out.find("\"kind\": "); at != std::string::npos;
+       at = kinds.out.find("\"kind\": ", at + 1)) {
+    const std::string kind = JsonText(kinds.out, "kind", at);
+    for (const char* format : {"table", "json", "xml"}) {
+      Result r = Tool({"list", kind, "--format", format});
+      ASSERT_LE(r.status, 1) << kind << " " << format << "\n" << Lines(r);
+      if (r.status == 0)
+        EXPECT_EQ(r.err, "") << kind;
+      else
+        EXPECT_EQ(r.err.rfind("brenvale: error ", 0), 0u) << kind << "\n" << Lines(r);
+    }
+    ++listed;
+  }
+  EXPECT_GE(listed, 14) << kinds.out;
+}
+
+TEST_F(ToolTest, RequestSendsADocumentAndReportsFailedResponses) {
+  AddJobType("Installation");
+  const std::string query =
+      "<?xml version=\"1.0\" ?><?qbxml version=\"13.0\"?><QBXML><QBXMLMsgsRq onError=\"continueOnError\">"
+      "<JobTypeQueryRq requestID=\"7\"><FullName>Installation</FullName></JobTypeQueryRq>"
+      "</QBXMLMsgsRq></QBXML>";
+  std::ofstream(dir_ / "query.xml") << query;
+  Result fromFile = Tool({"request", (dir_ / "query.xml").string()});
+  ASSERT_EQ(fromFile.status, 0) << Lines(fromFile);
+  EXPECT_NE(fromFile.out.find("<JobTypeQueryRs requestID=\"7\" statusCode=\"0\""), std::string::npos)
+      << fromFile.out;
+  EXPECT_NE(fromFile.out.find("      <Name>Installation</Name>\n"), std::string::npos) << fromFile.out;
+
+  Result fromStdin = Tool({"request", "-"}, query);
+  EXPECT_EQ(fromStdin.status, 0) << Lines(fromStdin);
+  EXPECT_EQ(fromStdin.out, fromFile.out);
+
+  const std::string failing =
+      "<?xml version=\"1.0\" ?><?qbxml version=\"13.0\"?><QBXML><QBXMLMsgsRq onError=\"continueOnError\">"
+      "<JobTypeAddRq requestID=\"1\"><JobTypeAdd><Name>Installation</Name></JobTypeAdd></JobTypeAddRq>"
+      "<JobTypeQueryRq requestID=\"2\"/></QBXMLMsgsRq></QBXML>";
+  Result failed = Tool({"request", "-"}, failing);
+  EXPECT_EQ(failed.status, 1) << Lines(failed);
+  EXPECT_NE(failed.out.find("<JobTypeQueryRs requestID=\"2\""), std::string::npos) << failed.out;
+  EXPECT_NE(failed.err.find("JobTypeAddRs (requestID 1): status 3100: "), std::string::npos) << Lines(failed);
+
+  Result garbage = Tool({"request", "-"}, "this is not qbXML");
+  EXPECT_EQ(garbage.status, 1) << Lines(garbage);
+  EXPECT_NE(garbage.err.find("brenvale: error "), std::string::npos) << Lines(garbage);
+}
+
+TEST_F(ToolTest, TraceRecordsEveryRequestAndResponse) {
+  const fs::path trace = dir_ / "trace.log";
+  Result r = Tool({"--trace", trace.string(), "add", "JobType", "Name=Traced"});
+  ASSERT_EQ(r.status, 0) << Lines(r);
+  std::ifstream in(trace);
+  std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+  EXPECT_NE(text.find("<HostQueryRq"), std::string::npos) << text;
+  EXPECT_NE(text.find("<JobTypeAddRq"), std::string::npos) << text;
+  EXPECT_NE(text.find("<RETURNS>"), std::string::npos) << text;
+}
+
+TEST_F(ToolTest, KindsListsTheKindsAndTheirFields) {
+  Result kinds = Tool({"kinds"});
+  ASSERT_EQ(kinds.status, 0) << Lines(kinds);
+  EXPECT_NE(kinds.out.find("JobType"), std::string::npos) << kinds.out;
+  Result fields = Tool({"kinds", "jobtypes", "--format", "json"});
+  ASSERT_EQ(fields.status, 0) << Lines(fields);
+  EXPECT_NE(fields.out.find("{\"field\": \"ParentRef\", \"type\": \"reference (full name)\", \"add\": true}"),
+            std::string::npos)
+      << fields.out;
+  EXPECT_NE(fields.out.find("{\"field\": \"ListID\", \"type\": \"text\", \"add\": false}"), std::string::npos)
+      << fields.out;
+  EXPECT_FALSE(fs::exists(company_));
+}
+
+TEST_F(ToolTest, DemoRunsOnAFreshCompanyAndAgainOnTheSameOne) {
+  Result first = RunTool(dir_, {"demo"});
+  ASSERT_EQ(first.status, 0) << Lines(first);
+  EXPECT_TRUE(fs::exists(dir_ / "brenvale-demo.qbw"));
+  for (const char* expected : {"Installation:Residential", "added, ListID", "qbXML version",
+                               "error 1013 (0x800403F5) in Name: Name cannot exceed 31 characters", "deleted"})
+    EXPECT_NE(first.out.find(expected), std::string::npos) << expected << "\n" << first.out;
+  EXPECT_EQ(first.err, "");
+
+  Result second = RunTool(dir_, {"demo"});
+  ASSERT_EQ(second.status, 0) << Lines(second);
+  EXPECT_NE(second.out.find("already in the company"), std::string::npos) << second.out;
+  EXPECT_NE(second.out.find("deleted"), std::string::npos) << second.out;
+}
+
+}  // namespace

@@ -1,0 +1,496 @@
+#include "Commands.hpp"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <memory>
+#include <sstream>
+
+#include "Kinds.hpp"
+#include "Output.hpp"
+#include "Progress.hpp"
+#include "brenvale/company/BrenvaleGlobals.hpp"
+#include "brenvale/qbxml/Conversions.hpp"
+#include "brenvale/qbxml/Dom.hpp"
+#include "brenvale/qbxml/xmlBldr.hpp"
+
+namespace brenvale::tool {
+namespace {
+
+const char* const kGlobalsNote =
+    "The global options (--company, --processor, --trace, --format) may come before or after the command.";
+
+// --- checking arguments before anything is opened ----------------------------------------------
+
+bool IsDateText(std::string_view s) {
+  auto digits = [&](std::size_t at, std::size_t n) {
+    if (s.size() < at + n) return false;
+    for (std::size_t i = at; i < at + n; ++i)
+      if (!std::isdigit(static_cast<unsigned char>(s[i]))) return false;
+    return true;
+  };
+  bool date = digits(0, 4) && s.size() >= 10 && s[4] == '-' && digits(5, 2) && s[7] == '-' && digits(8, 2);
+  if (!date) return false;
+  if (s.size() == 10) return true;
+  return s.size() == 19 && s[10] == 'T' && digits(11, 2) && s[13] == ':' && digits(14, 2) && s[16] == ':' &&
+         digits(17, 2);
+}
+
+bool IsNumberText(std::string_view s, bool fraction) {
+  std::size_t i = (!s.empty() && (s[0] == '-' || s[0] == '+')) ? 1 : 0;
+  bool digit = false, point = false;
+  for (; i < s.size(); ++i) {
+    if (std::isdigit(static_cast<unsigned char>(s[i]))) {
+      digit = true;
+    } else if (s[i] == '.' && fraction && !point) {
+      point = true;
+    } else {
+      return false;
+    }
+  }
+  return digit;
+}
+
+bool IsBoolText(std::string_view s) {
+  std::string l;
+  for (char c : s) l += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return l == "true" || l == "false" || l == "1" || l == "0";
+}
+
+// A value a field of that kind can take, or a usage error saying what it expects.
+void CheckValueText(const FieldDef& f, const std::string& value) {
+  auto fail = [&](const std::string& expected) {
+    throw UsageError("field " + f.tag + " expects " + expected + ", got '" + value + "'");
+  };
+  switch (f.kind) {
+    case FieldKind::Bool:
+      if (!IsBoolText(value)) fail("true or false");
+      break;
+    case FieldKind::Int:
+      if (!IsNumberText(value, false)) fail("a whole number");
+      break;
+    case FieldKind::Amount:
+    case FieldKind::Price:
+    case FieldKind::Quantity:
+      if (!IsNumberText(value, true)) fail("a number");
+      break;
+    case FieldKind::Date:
+    case FieldKind::DateTime:
+      if (!value.empty() && !IsDateText(value)) fail("a date (yyyy-mm-dd)");
+      break;
+    default: break;
+  }
+}
+
+std::vector<ListRecord*> RecordsOf(ListCollectionBase& c) {
+  std::vector<ListRecord*> out;
+  for (Long i = 1; i <= c.Count(); ++i) out.push_back(&c.Item(static_cast<std::size_t>(i)));
+  return out;
+}
+
+// --- kinds -----------------------------------------------------------------------------------
+
+const char* FieldKindName(FieldKind k) {
+  switch (k) {
+    case FieldKind::Text: return "text";
+    case FieldKind::Bool: return "true/false";
+    case FieldKind::Int: return "whole number";
+    case FieldKind::Amount: return "amount";
+    case FieldKind::Price: return "rate";
+    case FieldKind::Quantity: return "quantity";
+    case FieldKind::Date: return "date";
+    case FieldKind::DateTime: return "date and time";
+    case FieldKind::Ref: return "reference (full name)";
+    case FieldKind::Enum: return "one of a list of values";
+  }
+  return "";
+}
+
+int RunKinds(const GlobalOptions& g, const std::string& name) {
+  const Format format = g.OutputFormat();
+  if (format == Format::Xml) throw UsageError("kinds has no qbXML form; use --format table or json");
+  if (name.empty()) {
+    if (format == Format::Json) {
+      std::cout << "[";
+      bool first = true;
+      for (const Kind& k : Kinds()) {
+        std::cout << (first ? "\n  " : ",\n  ") << "{\"kind\": " << JsonString(k.name)
+                  << ", \"collection\": " << JsonString(k.plural) << ", \"addFields\": [";
+        std::string sep;
+        for (FieldId id : k.schema().AddOrder()) {
+          std::cout << sep << JsonString(k.schema().Field(id).tag);
+          sep = ", ";
+        }
+        std::cout << "]}";
+        first = false;
+      }
+      std::cout << "\n]\n";
+      return kExitOk;
+    }
+    std::vector<std::vector<std::string>> rows{{"KIND", "COLLECTION", "FIELDS FOR ADD"}};
+    for (const Kind& k : Kinds()) rows.push_back({k.name, k.plural, AddFieldNames(k.schema())});
+    PrintTable(std::cout, rows);
+    return kExitOk;
+  }
+  const Kind& kind = RequireKind(name);
+  const RecordSchema& schema = kind.schema();
+  const auto& add = schema.AddOrder();
+  std::vector<std::vector<std::string>> rows{{"FIELD", "TYPE", "ADD"}};
+  if (format == Format::Json) std::cout << "[";
+  bool first = true;
+  for (FieldId id : KindFields(schema)) {
+    const FieldDef& f = schema.Field(id);
+    const bool settable = std::find(add.begin(), add.end(), id) != add.end();
+    if (format == Format::Json) {
+      std::cout << (first ? "\n  " : ",\n  ") << "{\"field\": " << JsonString(f.tag)
+                << ", \"type\": " << JsonString(FieldKindName(f.kind)) << ", \"add\": " << (settable ? "true" : "false")
+                << "}";
+      first = false;
+    } else {
+      rows.push_back({f.tag, FieldKindName(f.kind), settable ? "yes" : ""});
+    }
+  }
+  if (format == Format::Json)
+    std::cout << "\n]\n";
+  else
+    PrintTable(std::cout, rows);
+  return kExitOk;
+}
+
+// --- info ------------------------------------------------------------------------------------
+
+int RunInfo(const GlobalOptions& g) {
+  OpenCompany(g);
+  const brenvale::QBConnection& c = BrenvaleGlobals::QBConnection();
+  const Format format = g.OutputFormat();
+  if (format == Format::Xml) {
+    // The host's own answer, as QuickBooks sends it.
+    xmlBldr b;
+    b.NewClear();
+    b.OpenAggregate("HostQueryRq", "requestID", "1");
+    b.EndAggregate("HostQueryRq");
+    DomDocument doc = b.NewSendRequest();
+    std::cout << IndentXml(doc.Root().Xml());
+    return kExitOk;
+  }
+  std::string versions;
+  for (const std::string& v : c.SupportedQBXMLVersions()) versions += (versions.empty() ? "" : ", ") + v;
+  const std::string qbVersion = std::to_string(c.QBMajorVersion()) + "." + std::to_string(c.QBMinorVersion());
+  if (format == Format::Json) {
+    std::cout << "{\"companyFile\": " << JsonString(c.CompanyPath())
+              << ", \"processor\": " << JsonString(c.RequestProcessorProgId())
+              << ", \"productName\": " << JsonString(c.ProductName())
+              << ", \"majorVersion\": " << c.QBMajorVersion() << ", \"minorVersion\": " << c.QBMinorVersion()
+              << ", \"country\": " << JsonString(c.Country())
+              << ", \"qbxmlVersion\": " << JsonString(c.qbxmlVersion()) << ", \"supportedQBXMLVersions\": [";
+    std::string sep;
+    for (const std::string& v : c.SupportedQBXMLVersions()) {
+      std::cout << sep << JsonString(v);
+      sep = ", ";
+    }
+    std::cout << "], \"fileMode\": " << JsonString(c.QBFileMode())
+              << ", \"isAutomaticLogin\": " << (c.IsAutomaticLogin() ? "true" : "false")
+              << ", \"isOnline\": " << (c.IsOnline() ? "true" : "false") << "}\n";
+    return kExitOk;
+  }
+  PrintTable(std::cout, {{"Company file", c.CompanyPath()},
+                         {"Request processor", c.RequestProcessorProgId()},
+                         {"Product", c.ProductName()},
+                         {"QuickBooks version", qbVersion},
+                         {"Country", c.Country()},
+                         {"qbXML version", c.qbxmlVersion()},
+                         {"Supported qbXML", versions},
+                         {"File mode", c.QBFileMode()},
+                         {"Automatic login", c.IsAutomaticLogin() ? "true" : "false"}});
+  return kExitOk;
+}
+
+// --- list ------------------------------------------------------------------------------------
+
+struct ListOptions {
+  std::string kind;
+  std::string startsWith, contains, endsWith, fromName, toName, modifiedSince;
+  Long max = 0;
+  bool activeOnly = false;
+  std::vector<std::string> fields;
+  CLI::Option* active = nullptr;
+  CLI::Option* starts = nullptr;
+  CLI::Option* contain = nullptr;
+  CLI::Option* ends = nullptr;
+  CLI::Option* from = nullptr;
+  CLI::Option* to = nullptr;
+  CLI::Option* since = nullptr;
+};
+
+int RunList(const GlobalOptions& g, const ListOptions& o) {
+  const Kind& kind = RequireKind(o.kind);
+  const RecordSchema& schema = kind.schema();
+  const std::vector<FieldId> columns = TableColumns(schema, o.fields);
+  // The library runs one query per call, so the filters exclude each other.
+  std::vector<std::string> chosen;
+  for (const CLI::Option* f : {o.active, o.starts, o.contain, o.ends, o.from, o.to, o.since})
+    if (*f && !(f == o.to && *o.from)) chosen.push_back(f->get_name());
+  if (chosen.size() > 1)
+    throw UsageError("one filter per query: " + chosen[0] + " and " + chosen[1] + " cannot be combined");
+  if (*o.since && !IsDateText(o.modifiedSince))
+    throw UsageError("--modified-since expects a date (yyyy-mm-dd or yyyy-mm-ddThh:mm:ss), got '" +
+                     o.modifiedSince + "'");
+  OpenCompany(g);
+  ListCollectionBase& c = kind.master();
+  {
+    Progress progress("reading " + kind.plural);
+    if (*o.active)
+      c.GetActive(o.max);
+    else if (*o.starts)
+      c.GetByNameMatch(o.startsWith, qbMatchStartsWith, o.max);
+    else if (*o.contain)
+      c.GetByNameMatch(o.contains, qbMatchContains, o.max);
+    else if (*o.ends)
+      c.GetByNameMatch(o.endsWith, qbMatchEndsWith, o.max);
+    else if (*o.from || *o.to)
+      c.GetByNameRange(o.fromName, o.toName, o.max);
+    else if (*o.since)
+      c.GetByDateSpan(TextToDate(o.modifiedSince), Date(), o.max);
+    else
+      c.GetAll(o.max);
+  }
+  PrintRecords(std::cout, g.OutputFormat(), schema, RecordsOf(c), columns);
+  return kExitOk;
+}
+
+// --- add -------------------------------------------------------------------------------------
+
+struct AddOptions {
+  std::string kind;
+  std::vector<std::string> assignments;
+  std::vector<std::string> fields;
+};
+
+void PrintRecordErrors(std::ostream& err, const Kind& kind, ListRecord& record, ListCollectionBase& c) {
+  const std::string name = record.Name().empty() ? std::string() : " '" + record.FullName() + "'";
+  err << "brenvale: " << kind.name << name << " was not added:\n";
+  const zkErrors& errors = record.Errors().Empty() ? c.Errors() : record.Errors();
+  for (const zkError& e : errors) {
+    err << "brenvale:   error " << ErrorNumberText(e.Number());
+    if (!e.Field().empty()) err << " in " << e.Field();
+    err << ": " << e.Description() << "\n";
+  }
+}
+
+int RunAdd(const GlobalOptions& g, const AddOptions& o) {
+  const Kind& kind = RequireKind(o.kind);
+  const RecordSchema& schema = kind.schema();
+  if (!kind.addNew) throw UsageError(kind.name + " records cannot be added: QuickBooks only reads them");
+  const std::vector<FieldId> columns = TableColumns(schema, o.fields);
+  std::vector<std::pair<FieldId, std::string>> values;
+  std::shared_ptr<ListRecord> scratch = kind.scratch();
+  for (const std::string& a : o.assignments) {
+    const std::size_t eq = a.find('=');
+    if (eq == std::string::npos || eq == 0) throw UsageError("expected Field=Value, got '" + a + "'");
+    const std::string field = a.substr(0, eq), value = a.substr(eq + 1);
+    const int id = FindAddField(schema, field);
+    if (id < 0)
+      throw UsageError(kind.name + " has no field '" + field + "' to set; its fields are: " + AddFieldNames(schema));
+    for (const auto& [seen, v] : values)
+      if (seen == id) throw UsageError("field " + schema.Field(seen).tag + " is given twice");
+    CheckValueText(schema.Field(static_cast<FieldId>(id)), value);
+    // Values the library itself refuses (an unknown enumeration value) fail here, before connecting.
+    scratch->SetFromText(static_cast<FieldId>(id), value);
+    values.emplace_back(static_cast<FieldId>(id), value);
+  }
+  OpenCompany(g);
+  ListCollectionBase& c = kind.master();
+  ListRecord& record = kind.addNew();
+  for (const auto& [id, value] : values) record.SetFromText(id, value);
+  try {
+    Progress progress("adding a " + kind.name);
+    c.Commit(&record);
+  } catch (const BrenvaleError&) {
+    PrintRecordErrors(std::cerr, kind, record, c);
+    throw;
+  }
+  if (record.ObjectState() != zqObjectStateClean) {
+    PrintRecordErrors(std::cerr, kind, record, c);
+    return kExitLibrary;
+  }
+  PrintRecords(std::cout, g.OutputFormat(), schema, {&record}, columns);
+  return kExitOk;
+}
+
+// --- delete --------------------------------------------------------------------------------
+
+struct DeleteOptions {
+  std::string kind;
+  std::string listId;
+  std::string name;
+};
+
+int RunDelete(const GlobalOptions& g, const DeleteOptions& o) {
+  const Kind& kind = RequireKind(o.kind);
+  if (o.listId.empty() == o.name.empty()) throw UsageError("delete needs either a LISTID or --name FULLNAME");
+  OpenCompany(g);
+  ListCollectionBase& c = kind.master();
+  std::string listId = o.listId;
+  if (listId.empty()) {
+    ListRecord* found = c.GetByFullName(o.name);
+    if (!found) throw ToolFailure(kExitLibrary, "there is no " + kind.name + " named '" + o.name + "'");
+    listId = found->ListID();
+  }
+  {
+    Progress progress("deleting a " + kind.name);
+    c.Delete(listId);
+  }
+  switch (g.OutputFormat()) {
+    case Format::Json:
+      std::cout << "{\"deleted\": true, \"kind\": " << JsonString(kind.name) << ", \"ListID\": " << JsonString(listId)
+                << "}\n";
+      break;
+    case Format::Xml: {
+      xmlBldr b;
+      b.Clear();
+      b.OpenAggregateOnly("ListDelRet");
+      b.CreateElement("ListDelType", kind.schema().XmlName());
+      b.CreateElement("ListID", listId);
+      b.EndAggregate("ListDelRet");
+      std::cout << IndentXml(b.GetXML());
+      break;
+    }
+    case Format::Table: std::cout << "deleted " << kind.name << " " << listId << "\n"; break;
+  }
+  return kExitOk;
+}
+
+// --- request -------------------------------------------------------------------------------
+
+std::string ReadRequest(const std::string& file) {
+  std::string text;
+  if (file == "-") {
+    text.assign(std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>());
+  } else {
+    std::ifstream in(file, std::ios::binary);
+    if (!in) throw FileError("cannot read request file '" + file + "': no such file or not readable");
+    text.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+  }
+  if (text.find_first_not_of(" \t\r\n") == std::string::npos)
+    throw FileError("the request " + (file == "-" ? std::string("on standard input") : "file '" + file + "'") +
+                    " is empty");
+  return text;
+}
+
+// Reports every response of the document whose severity is Error; true when there was none.
+bool ReportFailedResponses(const DomDocument& doc) {
+  bool ok = true;
+  for (DomNode messages : doc.DocumentElement().Children()) {
+    if (!messages.IsElement()) continue;
+    for (DomNode rs : messages.Children()) {
+      if (!rs.IsElement() || rs.Attribute("statusSeverity").value_or("") != "Error") continue;
+      ok = false;
+      std::cerr << "brenvale: " << rs.BaseName();
+      if (auto id = rs.Attribute("requestID")) std::cerr << " (requestID " << *id << ")";
+      std::cerr << ": status " << rs.Attribute("statusCode").value_or("?") << ": "
+                << rs.Attribute("statusMessage").value_or("") << "\n";
+    }
+  }
+  return ok;
+}
+
+int RunRequest(const GlobalOptions& g, const std::string& file) {
+  const std::string request = ReadRequest(file);
+  OpenCompany(g);
+  xmlBldr b;
+  b.Clear();
+  b.InsertRawXML(request);
+  DomDocument doc;
+  {
+    Progress progress("waiting for the response");
+    doc = b.SendToQB();
+  }
+  if (doc.Empty()) {
+    throw ToolFailure(kExitLibrary, "the response is not well-formed XML" +
+                                        (doc.ParseError().empty() ? std::string() : ": " + doc.ParseError()));
+  }
+  std::cout << IndentXml(doc.Root().Xml());
+  return ReportFailedResponses(doc) ? kExitOk : kExitLibrary;
+}
+
+}  // namespace
+
+void AddCommands(CLI::App& app, const GlobalOptions& g, Runner& run) {
+  // demo
+  CLI::App* demo = app.add_subcommand("demo", "Walk through a host's session on a demo company, step by step");
+  demo->footer(kGlobalsNote);
+  demo->callback([&g, &run] { run = [&g] { return RunDemo(g); }; });
+
+  // info
+  CLI::App* info = app.add_subcommand("info", "Show the host facts, the negotiated qbXML version and the company file");
+  info->footer(std::string(kGlobalsNote) + "\nWith --format xml, prints the host query response as QuickBooks sends it.");
+  info->callback([&g, &run] { run = [&g] { return RunInfo(g); }; });
+
+  // kinds
+  auto kindName = std::make_shared<std::string>();
+  CLI::App* kinds = app.add_subcommand("kinds", "List the record kinds, or the fields of one kind");
+  kinds->add_option("KIND", *kindName, "A kind, to show its fields");
+  kinds->footer(kGlobalsNote);
+  kinds->callback([&g, &run, kindName] { run = [&g, kindName] { return RunKinds(g, *kindName); }; });
+
+  // list
+  auto lo = std::make_shared<ListOptions>();
+  CLI::App* list = app.add_subcommand("list", "Query the records of a kind");
+  list->add_option("KIND", lo->kind, "The kind of record (see 'brenvale kinds')")->required();
+  lo->active = list->add_flag("--active", lo->activeOnly, "Active records only (QuickBooks' own default when no filter names a status)");
+  lo->starts = list->add_option("--name-starts", lo->startsWith, "Full names that start with TEXT")->type_name("TEXT");
+  lo->contain = list->add_option("--name-contains", lo->contains, "Full names that contain TEXT")->type_name("TEXT");
+  lo->ends = list->add_option("--name-ends", lo->endsWith, "Full names that end with TEXT")->type_name("TEXT");
+  lo->from = list->add_option("--from-name", lo->fromName, "Names from NAME on (with --to-name: a range)")
+                 ->type_name("NAME");
+  lo->to = list->add_option("--to-name", lo->toName, "Names up to NAME")->type_name("NAME");
+  lo->since = list->add_option("--modified-since", lo->modifiedSince, "Records modified since DATE (yyyy-mm-dd)")
+                  ->type_name("DATE");
+  list->add_option("--max", lo->max, "At most N records")->type_name("N")->check(CLI::PositiveNumber);
+  list->add_option("--fields", lo->fields, "Table columns, comma-separated ('all' for every field)")
+      ->delimiter(',')
+      ->type_name("FIELD,...");
+  list->footer(std::string(kGlobalsNote) +
+               "\nOne filter per query; --from-name and --to-name together are one (a name range)."
+               "\nExample: brenvale list JobType --name-starts Inst --format json");
+  list->callback([&g, &run, lo] { run = [&g, lo] { return RunList(g, *lo); }; });
+
+  // add
+  auto ao = std::make_shared<AddOptions>();
+  CLI::App* add = app.add_subcommand("add", "Add a record: brenvale add KIND Field=Value...");
+  add->add_option("KIND", ao->kind, "The kind of record (see 'brenvale kinds')")->required();
+  add->add_option("FIELD=VALUE", ao->assignments, "Field values, by qbXML tag (see 'brenvale kinds KIND')")
+      ->required();
+  add->add_option("--fields", ao->fields, "Table columns of the added record, comma-separated")
+      ->delimiter(',')
+      ->type_name("FIELD,...");
+  add->footer(std::string(kGlobalsNote) +
+              "\nThe record is validated by the library first; failures print each error's number and message."
+              "\nExample: brenvale add JobType Name=Retrofit Parent=Installation");
+  add->callback([&g, &run, ao] { run = [&g, ao] { return RunAdd(g, *ao); }; });
+
+  // delete
+  auto dopt = std::make_shared<DeleteOptions>();
+  CLI::App* del = app.add_subcommand("delete", "Delete a record by its ListID (or --name)");
+  del->add_option("KIND", dopt->kind, "The kind of record")->required();
+  CLI::Option* id = del->add_option("LISTID", dopt->listId, "The record's ListID");
+  CLI::Option* name = del->add_option("--name", dopt->name, "The record's full name instead of its ListID")
+                          ->type_name("FULLNAME");
+  id->excludes(name);
+  del->footer(kGlobalsNote);
+  del->callback([&g, &run, dopt] { run = [&g, dopt] { return RunDelete(g, *dopt); }; });
+
+  // request
+  auto file = std::make_shared<std::string>();
+  CLI::App* req = app.add_subcommand("request", "Send a qbXML request document and print the response");
+  req->add_option("FILE", *file, "The request document, or - for standard input")->required();
+  req->footer(std::string(kGlobalsNote) +
+              "\nThe response document is printed as qbXML whatever --format says; the exit status is 1 when "
+              "any response has severity Error.");
+  req->callback([&g, &run, file] { run = [&g, file] { return RunRequest(g, *file); }; });
+}
+
+}  // namespace brenvale::tool

@@ -1,0 +1,210 @@
+// The guided tour: a host's session with the library, step by step, on a demo company. It can run
+// again and again on the same company: what an earlier run added is found and reused.
+#include <chrono>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "Commands.hpp"
+#include "Output.hpp"
+#include "brenvale/company/BrenvaleGlobals.hpp"
+#include "brenvale/qbxml/Conversions.hpp"
+
+namespace brenvale::tool {
+namespace {
+
+std::ostream& out = std::cout;
+
+void Step(int number, const std::string& title, const std::string& explanation) {
+  out << "\n" << number << ". " << title << "\n";
+  if (!explanation.empty()) out << "   " << explanation << "\n";
+}
+
+// A line of the host's code, as it would read in C++.
+void Code(const std::string& line) { out << "   > " << line << "\n"; }
+
+void Indented(const std::vector<std::vector<std::string>>& rows) {
+  std::ostringstream table;
+  PrintTable(table, rows);
+  std::istringstream lines(table.str());
+  for (std::string line; std::getline(lines, line);) out << "     " << line << "\n";
+}
+
+// Names with their parent's full name (empty: top level), parents first.
+using Tree = std::vector<std::pair<std::string, std::string>>;
+
+// Adds the entries of `tree` the company does not have yet, in one batch; returns how many.
+template <class Collection>
+int AddMissing(Collection& c, const Tree& tree, std::vector<std::vector<std::string>>& rows) {
+  c.GetAll();
+  std::vector<std::string> added;
+  for (const auto& [name, parent] : tree) {
+    const std::string full = parent.empty() ? name : parent + ":" + name;
+    if (c.Find(full)) {
+      rows.push_back({full, "already in the company"});
+      continue;
+    }
+    c.Add(name, true, parent);
+    added.push_back(full);
+  }
+  c.Commit();
+  for (const std::string& full : added) rows.push_back({full, "added, ListID " + c.Item(full).ListID()});
+  return static_cast<int>(added.size());
+}
+
+// Takes a record out of its collection (it is not deleted in QuickBooks).
+void Forget(ListCollectionBase& c, const ListRecord& record) {
+  for (Long i = 1; i <= c.Count(); ++i)
+    if (&c.Item(static_cast<std::size_t>(i)) == &record) {
+      c.Remove(static_cast<std::size_t>(i));
+      return;
+    }
+}
+
+Date Today() {
+  const auto days = std::chrono::floor<std::chrono::days>(std::chrono::system_clock::now());
+  const std::chrono::year_month_day ymd(days);
+  return Date::Serial(static_cast<int>(ymd.year()), static_cast<int>(static_cast<unsigned>(ymd.month())),
+                      static_cast<int>(static_cast<unsigned>(ymd.day())));
+}
+
+void PrintErrors(const zkErrors& errors) {
+  for (const zkError& e : errors)
+    out << "     error " << ErrorNumberText(e.Number()) << (e.Field().empty() ? "" : " in " + e.Field()) << ": "
+        << e.Description() << "\n";
+}
+
+void PrintRaised(const BrenvaleError& e) {
+  out << "     raised error " << ErrorNumberText(e.Number()) << ": " << e.Description() << " [" << e.Source() << "]\n";
+}
+
+}  // namespace
+
+int RunDemo(const GlobalOptions& g) {
+  out << "Brenvale demo: a host's session with QuickBooks, step by step.\n"
+      << "It runs on the request processor " << g.processor << " and the company file " << g.company << ".\n";
+
+  Step(1, "Connect",
+       "The host names its request processor and connects; the session negotiates the qbXML version\n"
+       "   and asks the host for its facts. A company file that does not exist yet is created.");
+  Code("QBConnection().RequestProcessorProgId(\"" + g.processor + "\");");
+  Code("QBConnect(\"\", \"Brenvale command-line tool\", qbOpenModeDontCare, \"" + g.company + "\");");
+  OpenCompany(g);
+  const brenvale::QBConnection& c = BrenvaleGlobals::QBConnection();
+  Indented({{"Product", c.ProductName()},
+            {"QuickBooks version", std::to_string(c.QBMajorVersion()) + "." + std::to_string(c.QBMinorVersion())},
+            {"Country", c.Country()},
+            {"qbXML version", c.qbxmlVersion()},
+            {"Company file", c.CompanyPath()}});
+
+  Step(2, "Add job types and classes with parents",
+       "Collections add records locally; Commit sends every new record in one batch. A child names\n"
+       "   its parent by full name; the parent may be in the same batch.");
+  JobTypes& jobTypes = BrenvaleGlobals::JobTypes();
+  Classes& classes = BrenvaleGlobals::Classes();
+  Code("JobTypes().Add(\"Installation\"); JobTypes().Add(\"Residential\", true, \"Installation\"); ...");
+  Code("JobTypes().Commit();  Classes().Add(\"Field\"); ...  Classes().Commit();");
+  std::vector<std::vector<std::string>> rows;
+  AddMissing(jobTypes,
+             {{"Installation", ""},
+              {"Residential", "Installation"},
+              {"Commercial", "Installation"},
+              {"Maintenance", ""},
+              {"Annual Service", "Maintenance"}},
+             rows);
+  AddMissing(classes, {{"Field", ""}, {"North", "Field"}, {"South", "Field"}, {"Office", ""}}, rows);
+  Indented(rows);
+
+  Step(3, "Query them back",
+       "Every Get... query fills the collection with what QuickBooks returns: all active records, a name\n"
+       "   match, a name range or a modification date span.");
+  Code("JobTypes().GetAll();");
+  jobTypes.GetAll();
+  rows = {{"FullName", "Sublevel", "IsActive", "ListID"}};
+  for (JobType& j : jobTypes)
+    rows.push_back({j.FullName(), std::to_string(j.Sublevel()), j.IsActive() ? "true" : "false", j.ListID()});
+  Indented(rows);
+  Code("Classes().GetByNameMatch(\"Field\", qbMatchStartsWith);");
+  classes.GetByNameMatch("Field", qbMatchStartsWith);
+  rows = {{"FullName", "Children"}};
+  for (Class& k : classes) rows.push_back({k.FullName(), std::to_string(k.Children().Count())});
+  Indented(rows);
+
+  Step(4, "Change one",
+       "Setting a property on a record read from QuickBooks makes it Dirty; Commit then sends a modify\n"
+       "   request with the record's EditSequence, and QuickBooks answers with a new one.");
+  ToDoList& toDos = BrenvaleGlobals::ToDoList();
+  const std::string notes = "Call the Joneses about their retrofit";
+  toDos.GetAll();
+  ToDo* call = nullptr;
+  for (ToDo& t : toDos)
+    if (t.Notes() == notes) call = &t;
+  if (!call) {
+    Code("ToDoList().Add(\"" + notes + "\", true, false, Today());  ToDoList().Commit();");
+    call = &toDos.Add(notes, true, false, Today());
+    toDos.Commit();
+  }
+  const std::string before = call->EditSequence();
+  const Date reminder = call->ReminderDate().IsNull() ? Today() : call->ReminderDate();
+  Code("todo.ReminderDate(todo.ReminderDate().AddDays(7));  // put off by a week; now Dirty");
+  Code("ToDoList().Commit();");
+  call->ReminderDate(reminder.AddDays(7));
+  toDos.Commit();
+  out << "     ReminderDate " << DateToText(reminder) << " -> " << DateToText(call->ReminderDate()) << ", EditSequence "
+      << before << " -> " << call->EditSequence() << "\n";
+  out << "   Some lists have no modify request in qbXML; the library refuses before sending anything:\n";
+  jobTypes.GetAll();
+  if (JobType* commercial = jobTypes.Find("Installation:Commercial")) {
+    Code("JobTypes().Item(\"Installation:Commercial\").IsActive(false);  JobTypes().Commit();");
+    commercial->IsActive(false);
+    try {
+      jobTypes.Commit();
+      out << "     committed\n";
+    } catch (const BrenvaleError& e) {
+      PrintRaised(e);
+    }
+    jobTypes.GetAll();  // reading again leaves every record Clean
+  }
+
+  Step(5, "A validation failure",
+       "Before anything is sent, each record checks its own rules and collects what fails in its Errors.\n"
+       "   The batch leaves the record out and, after the batch, Commit raises error 1023.");
+  const std::string longName = "Residential Solar Panel Installs";  // 32 characters; 31 is the limit
+  Code("JobTypes().Add(\"" + longName + "\");");
+  Code("JobTypes().Commit();");
+  JobType& tooLong = jobTypes.Add(longName);
+  try {
+    jobTypes.Commit();
+    out << "     committed\n";
+  } catch (const BrenvaleError& e) {
+    PrintRaised(e);
+  }
+  out << "   The record's own Errors:\n";
+  PrintErrors(tooLong.Errors());
+  Forget(jobTypes, tooLong);
+
+  Step(6, "Delete one", "Delete sends a list delete request by ListID and takes the record out of the collection.");
+  const std::string doomed = "Maintenance:Annual Service";
+  if (JobType* annual = jobTypes.Find(doomed)) {
+    const std::string id = annual->ListID();
+    Code("JobTypes().Delete(\"" + id + "\");  // " + doomed);
+    jobTypes.Delete(id);
+    out << "     deleted; " << jobTypes.Count() << " job types remain (the next demo run adds it again)\n";
+  }
+
+  Step(7, "Close", "");
+  Code("QBConnection().CloseConnection();");
+  CloseCompany();
+
+  out << "\nNext, try:\n"
+      << "  brenvale info\n"
+      << "  brenvale list JobType --format json\n"
+      << "  brenvale add JobType Name=Retrofit Parent=Installation\n"
+      << "  brenvale kinds\n"
+      << "  brenvale --help\n";
+  return kExitOk;
+}
+
+}  // namespace brenvale::tool

@@ -1,0 +1,44 @@
+#pragma once
+// The list kinds the tool can show, add to and delete from. Each kind is one line of registration
+// in Kinds.cpp; every command serves every registered kind through the generic record and
+// collection machinery.
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "brenvale/model/ListCollectionBase.hpp"
+#include "brenvale/model/ListRecord.hpp"
+#include "brenvale/model/RecordSchema.hpp"
+
+namespace brenvale::tool {
+
+struct Kind {
+  std::string name;    // "JobType": what the user types (any case, or the plural)
+  std::string plural;  // "JobTypes": the collection's name
+  const RecordSchema& (*schema)();
+  // The master collection of the kind (requires a connection).
+  ListCollectionBase& (*master)();
+  // A new blank record, filed in the master collection for the next commit; null for a kind
+  // QuickBooks does not let a host add.
+  ListRecord& (*addNew)();
+  // A record of the kind that belongs to no collection: for checking values before connecting.
+  std::shared_ptr<ListRecord> (*scratch)();
+};
+
+// Every registered kind, in the order they are listed to the user.
+const std::vector<Kind>& Kinds();
+// The kind with that name or plural (case and "-"/"_" ignored), or null.
+const Kind* FindKind(std::string_view name);
+// A kind by name, or a usage error that lists the known kinds.
+const Kind& RequireKind(std::string_view name);
+// "Class, JobType, ..."
+std::string KindNames();
+
+// The field of a kind a user names in `Field=Value` (the qbXML tag in any case; "Parent" for
+// "ParentRef"), among the fields an add request writes; -1 when there is none.
+int FindAddField(const RecordSchema& schema, std::string_view name);
+// "Name, IsActive, ParentRef"
+std::string AddFieldNames(const RecordSchema& schema);
+
+}  // namespace brenvale::tool

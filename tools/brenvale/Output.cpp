@@ -1,0 +1,260 @@
+#include "Output.hpp"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <variant>
+
+#include "brenvale/qbxml/Conversions.hpp"
+#include "brenvale/qbxml/xmlBldr.hpp"
+
+namespace brenvale::tool {
+namespace {
+
+std::string Lower(std::string_view text) {
+  std::string out(text);
+  for (char& c : out) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return out;
+}
+
+std::string FieldNames(const RecordSchema& schema) {
+  std::string out;
+  for (FieldId id : KindFields(schema)) out += (out.empty() ? "" : ", ") + schema.Field(id).tag;
+  return out;
+}
+
+// A field's value as a JSON value: true/false, a number, a string, an object for a reference,
+// null when unset.
+std::string JsonValue(const ListRecord& record, const FieldDef& field) {
+  const FieldValue& v = record.Value(field.id);
+  if (std::holds_alternative<std::monostate>(v)) return "null";
+  if (auto b = std::get_if<bool>(&v)) return *b ? "true" : "false";
+  if (auto i = std::get_if<std::int64_t>(&v)) {
+    if (field.kind == FieldKind::Enum) return JsonString(record.ValueText(field.id));
+    return std::to_string(*i);
+  }
+  if (std::holds_alternative<Currency>(v)) return record.ValueText(field.id);
+  if (auto d = std::get_if<double>(&v)) return NumberToText(*d);
+  if (auto r = std::get_if<zkListObjectRef>(&v)) {
+    if (r->IsEmpty()) return "null";
+    return "{\"ListID\": " + (r->ListID().empty() ? std::string("null") : JsonString(r->ListID())) +
+           ", \"FullName\": " + (r->FullName().empty() ? std::string("null") : JsonString(r->FullName())) + "}";
+  }
+  std::string text = record.ValueText(field.id);
+  return text.empty() && !std::holds_alternative<std::string>(v) ? "null" : JsonString(text);
+}
+
+void PrintJson(std::ostream& out, const RecordSchema& schema, const std::vector<ListRecord*>& records) {
+  const std::vector<FieldId> fields = KindFields(schema);
+  out << "[";
+  for (std::size_t r = 0; r < records.size(); ++r) {
+    out << (r ? ",\n  {" : "\n  {");
+    for (std::size_t f = 0; f < fields.size(); ++f) {
+      const FieldDef& field = schema.Field(fields[f]);
+      out << (f ? ", " : "") << JsonString(field.tag) << ": " << JsonValue(*records[r], field);
+    }
+    out << "}";
+  }
+  out << (records.empty() ? "]\n" : "\n]\n");
+}
+
+void PrintXml(std::ostream& out, const RecordSchema& schema, const std::vector<ListRecord*>& records) {
+  const std::string ret = schema.XmlName() + "Ret";
+  xmlBldr b;
+  b.Clear();
+  b.InsertRawXML("<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs><" + schema.XmlName() +
+                 "QueryRs requestID=\"1\" statusCode=\"0\" statusSeverity=\"Info\" statusMessage=\"Status OK\">");
+  for (ListRecord* record : records) {
+    b.OpenAggregateOnly(ret);
+    record->XMLQueryRs(b);
+    b.EndAggregate(ret);
+  }
+  b.InsertRawXML("</" + schema.XmlName() + "QueryRs></QBXMLMsgsRs></QBXML>");
+  out << IndentXml(b.GetXML());
+}
+
+std::size_t Width(std::string_view utf8) { return TextLength(utf8); }
+
+}  // namespace
+
+std::vector<FieldId> KindFields(const RecordSchema& schema) {
+  std::vector<FieldId> out;
+  const auto& add = schema.AddOrder();
+  const auto& mod = schema.ModOrder();
+  for (const FieldDef& f : schema.Fields()) {
+    bool used = schema.ReadField(f.tag) == f.id || std::find(add.begin(), add.end(), f.id) != add.end() ||
+                std::find(mod.begin(), mod.end(), f.id) != mod.end();
+    if (used) out.push_back(f.id);
+  }
+  return out;
+}
+
+std::vector<FieldId> TableColumns(const RecordSchema& schema, const std::vector<std::string>& names) {
+  const std::vector<FieldId> fields = KindFields(schema);
+  std::vector<FieldId> out;
+  if (names.empty()) {
+    const FieldId name = schema.Decl().hierarchical ? FieldId(kFullName) : schema.Decl().nameField;
+    auto take = [&](FieldId id) {
+      if (std::find(fields.begin(), fields.end(), id) != fields.end() &&
+          std::find(out.begin(), out.end(), id) == out.end())
+        out.push_back(id);
+    };
+    take(kListID);
+    take(name);
+    take(kIsActive);
+    for (FieldId id : fields)
+      if (id >= kFirstCustomField) take(id);
+    take(kTimeModified);
+    return out;
+  }
+  for (const std::string& n : names) {
+    if (Lower(n) == "all") {
+      out.insert(out.end(), fields.begin(), fields.end());
+      continue;
+    }
+    auto it = std::find_if(fields.begin(), fields.end(),
+                           [&](FieldId id) { return Lower(schema.Field(id).tag) == Lower(n); });
+    if (it == fields.end())
+      throw UsageError("unknown field '" + n + "' for " + schema.Label() + "; its fields are: " + FieldNames(schema));
+    out.push_back(*it);
+  }
+  return out;
+}
+
+void PrintTable(std::ostream& out, const std::vector<std::vector<std::string>>& rows) {
+  std::vector<std::size_t> widths;
+  for (const auto& row : rows) {
+    if (widths.size() < row.size()) widths.resize(row.size(), 0);
+    for (std::size_t c = 0; c < row.size(); ++c) widths[c] = std::max(widths[c], Width(row[c]));
+  }
+  for (const auto& row : rows) {
+    std::string line;
+    for (std::size_t c = 0; c < row.size(); ++c) {
+      line += row[c];
+      if (c + 1 < row.size()) line.append(widths[c] - Width(row[c]) + 2, ' ');
+    }
+    line.erase(line.find_last_not_of(' ') + 1);
+    out << line << "\n";
+  }
+}
+
+void PrintRecords(std::ostream& out, Format format, const RecordSchema& schema,
+                  const std::vector<ListRecord*>& records, const std::vector<FieldId>& columns) {
+  switch (format) {
+    case Format::Json: PrintJson(out, schema, records); return;
+    case Format::Xml: PrintXml(out, schema, records); return;
+    case Format::Table: break;
+  }
+  std::vector<std::vector<std::string>> rows;
+  rows.emplace_back();
+  for (FieldId id : columns) rows.back().push_back(schema.Field(id).tag);
+  for (ListRecord* record : records) {
+    rows.emplace_back();
+    for (FieldId id : columns) rows.back().push_back(record->ValueText(id));
+  }
+  PrintTable(out, rows);
+}
+
+std::string JsonString(std::string_view text) {
+  std::string out = "\"";
+  for (char ch : text) {
+    auto c = static_cast<unsigned char>(ch);
+    switch (ch) {
+      case '"': out += "\\\""; break;
+      case '\\': out += "\\\\"; break;
+      case '\n': out += "\\n"; break;
+      case '\r': out += "\\r"; break;
+      case '\t': out += "\\t"; break;
+      default:
+        if (c < 0x20) {
+          char buf[8];
+          std::snprintf(buf, sizeof buf, "\\u%04x", c);
+          out += buf;
+        } else {
+          out += ch;
+        }
+    }
+  }
+  return out + "\"";
+}
+
+std::string IndentXml(std::string_view xml) {
+  std::string out;
+  int depth = 0;
+  auto indent = [&] { out.append(static_cast<std::size_t>(std::max(depth, 0)) * 2, ' '); };
+  // The end of the markup that starts at `at` ('>' outside quotes; "-->" for a comment).
+  auto markupEnd = [&](std::size_t at) {
+    if (xml.substr(at, 4) == "<!--") {
+      std::size_t e = xml.find("-->", at);
+      return e == std::string_view::npos ? xml.size() : e + 3;
+    }
+    char quote = 0;
+    for (std::size_t i = at + 1; i < xml.size(); ++i) {
+      if (quote) {
+        if (xml[i] == quote) quote = 0;
+      } else if (xml[i] == '"' || xml[i] == '\'') {
+        quote = xml[i];
+      } else if (xml[i] == '>') {
+        return i + 1;
+      }
+    }
+    return xml.size();
+  };
+  auto trimmed = [](std::string_view s) {
+    std::size_t b = s.find_first_not_of(" \t\r\n");
+    if (b == std::string_view::npos) return std::string_view();
+    return s.substr(b, s.find_last_not_of(" \t\r\n") - b + 1);
+  };
+
+  std::size_t i = 0;
+  while (i < xml.size()) {
+    if (xml[i] != '<') {
+      std::size_t next = std::min(xml.find('<', i), xml.size());
+      std::string_view text = trimmed(xml.substr(i, next - i));
+      if (!text.empty()) {
+        indent();
+        out.append(text);
+        out += '\n';
+      }
+      i = next;
+      continue;
+    }
+    std::size_t end = markupEnd(i);
+    std::string_view tag = xml.substr(i, end - i);
+    const bool isEnd = tag.starts_with("</");
+    const bool isStart = !isEnd && !tag.starts_with("<?") && !tag.starts_with("<!") && !tag.ends_with("/>");
+    if (isEnd) {
+      --depth;
+      indent();
+      out.append(tag);
+      out += '\n';
+      i = end;
+      continue;
+    }
+    if (isStart) {
+      // An element that holds only text (or nothing) stays on one line.
+      std::size_t textEnd = std::min(xml.find('<', end), xml.size());
+      if (xml.substr(textEnd, 2) == "</") {
+        std::size_t closeEnd = markupEnd(textEnd);
+        indent();
+        out.append(xml.substr(i, closeEnd - i));
+        out += '\n';
+        i = closeEnd;
+        continue;
+      }
+      indent();
+      out.append(tag);
+      out += '\n';
+      ++depth;
+      i = end;
+      continue;
+    }
+    indent();
+    out.append(tag);
+    out += '\n';
+    i = end;
+  }
+  return out;
+}
+
+}  // namespace brenvale::tool

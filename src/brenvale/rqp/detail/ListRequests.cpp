@@ -62,6 +62,7 @@ struct Query {
   std::string where;
   std::vector<std::variant<std::string, std::int64_t>> binds;
   std::vector<Fragments> fragments;
+  bool byName = false;  // a name filter narrows the names
 
   void Add(const std::string& clause) { where += " AND " + clause; }
   template <class T>
@@ -111,6 +112,8 @@ void BuildFilters(Company& co, pugi::xml_node rq, Query& q) {
     } else if (n == "NameFilter") {
       std::string criterion = c.child("MatchCriterion").text().get();
       std::string key = NameKey(c.child("Name").text().get());
+      q.Add("name_key <> ''");
+      q.byName = criterion == "StartsWith";
       if (criterion == "StartsWith") {
         q.Add("name_key >= ? AND name_key <= ?");
         q.Bind(key);
@@ -124,6 +127,8 @@ void BuildFilters(Company& co, pugi::xml_node rq, Query& q) {
         q.Bind(key);
       }
     } else if (n == "NameRangeFilter") {
+      q.Add("name_key <> ''");
+      q.byName = true;
       if (auto from = c.child("FromName")) {
         q.Add("name_key >= ?");
         q.Bind(NameKey(from.text().get()));
@@ -242,10 +247,21 @@ void HandleQuery(Company& co, const Request& rq, Reply& reply, const Kinds& kind
   } else {
     Query q;
     BuildFilters(co, node, q);
-    std::string sql = std::string("SELECT ") + Store::kRecordColumns + " FROM records WHERE kind IN (";
-    for (std::size_t i = 0; i < kinds.size(); ++i) sql += (i ? "," : "") + std::to_string(kinds[i]->code);
-    sql += ")" + q.where + " ORDER BY sort_group, name_key, id";
-    bool limited = iterator != "Start" && !countOnly && maxReturned >= 0 && q.fragments.empty();
+    // Ids come from the indexes alone unless a filter must look into the stored record.
+    bool needRet = !q.fragments.empty();
+    std::string sql = std::string("SELECT id") + (needRet ? ", ret" : "") + " FROM records WHERE kind IN (";
+    std::string groups;
+    for (std::size_t i = 0; i < kinds.size(); ++i) {
+      sql += (i ? "," : "") + std::to_string(kinds[i]->code);
+      std::string g = std::to_string(kinds[i]->GroupCode());
+      if (groups.find("," + g + ",") == std::string::npos) groups += "," + g + ",";
+    }
+    std::string groupList = groups.substr(1, groups.size() - 2);
+    for (std::size_t at; (at = groupList.find(",,")) != std::string::npos;) groupList.replace(at, 2, ",");
+    sql += ")";
+    if (q.byName) sql += " AND name_group IN (" + groupList + ")";  // lets the unique name index serve
+    sql += q.where + " ORDER BY sort_group, name_key, id";
+    bool limited = iterator != "Start" && !countOnly && maxReturned >= 0 && !needRet;
     if (limited) sql += " LIMIT " + std::to_string(maxReturned);
     auto& s = co.Data().Db().Prepare(sql);
     int i = 1;
@@ -253,16 +269,18 @@ void HandleQuery(Company& co, const Request& rq, Reply& reply, const Kinds& kind
       if (auto text = std::get_if<std::string>(&b)) s.Bind(i++, *text);
       else s.Bind(i++, std::get<std::int64_t>(b));
     }
+    std::vector<std::int64_t> firstPage;
     while (s.Step()) {
-      if (!q.fragments.empty() && !q.Matches(s.Text(14))) continue;
+      if (needRet && !q.Matches(s.Text(1))) continue;
       ++total;
-      bool inPage = maxReturned < 0 || found.size() < static_cast<std::size_t>(maxReturned);
       if (countOnly) continue;
-      if (inPage) found.push_back(Store::Read(s));
+      if (maxReturned < 0 || firstPage.size() < static_cast<std::size_t>(maxReturned)) firstPage.push_back(s.Int(0));
       else if (iterator == "Start") rest.push_back(s.Int(0));
       else break;
     }
     s.Reset();
+    for (auto id : firstPage)
+      if (auto r = co.Data().ByRowId(id)) found.push_back(std::move(*r));
     if (total == 0) {
       reply.status = 1;
       reply.message = kNoMatch;

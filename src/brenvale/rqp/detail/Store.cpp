@@ -26,7 +26,7 @@ CREATE TABLE records (
   balance INTEGER NOT NULL DEFAULT 0,
   ret TEXT NOT NULL);
 CREATE UNIQUE INDEX records_unique_name ON records (name_group, name_key) WHERE name_key <> '';
-CREATE INDEX records_by_kind_name ON records (kind, sort_group, name_key);
+CREATE INDEX records_by_kind_name ON records (kind, sort_group, name_key, id, is_active);
 CREATE INDEX records_by_kind_modified ON records (kind, time_modified);
 CREATE INDEX records_by_parent ON records (parent_id) WHERE parent_id <> '';
 CREATE TABLE refs (source TEXT NOT NULL, target TEXT NOT NULL);

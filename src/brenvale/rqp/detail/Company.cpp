@@ -278,28 +278,17 @@ void AppendResponseText(std::string& out, std::string_view stored) {
       continue;
     }
     out.append(stored.substr(start, i - start));
-    char32_t ch = brenvale::detail::NextUtf8(stored, i);
-    int code = brenvale::detail::UnicodeToCp1252(ch);
-    out += "&#" + std::to_string(code >= 0 ? static_cast<unsigned>(code) : static_cast<unsigned>(ch)) + ";";
+    AppendCharReference(out, brenvale::detail::NextUtf8(stored, i));
     start = i;
   }
   out.append(stored.substr(start));
 }
 
-namespace {
-void AppendStoredText(std::string& out, std::string_view text) {
-  for (char c : text) {
-    switch (c) {
-      case '&': out += "&amp;"; break;
-      case '<': out += "&lt;"; break;
-      case '>': out += "&gt;"; break;
-      case '"': out += "&quot;"; break;
-      case '\'': out += "&apos;"; break;
-      default: out.push_back(c);
-    }
-  }
+std::vector<std::string> ChildTexts(pugi::xml_node parent, const char* name) {
+  std::vector<std::string> out;
+  for (auto c : parent.children(name)) out.emplace_back(c.text().get());
+  return out;
 }
-}  // namespace
 
 void Serialize(pugi::xml_node node, std::string& out) {
   out += '<';
@@ -307,7 +296,7 @@ void Serialize(pugi::xml_node node, std::string& out) {
   out += '>';
   for (auto c : node.children()) {
     if (c.type() == pugi::node_element) Serialize(c, out);
-    else if (c.type() == pugi::node_pcdata || c.type() == pugi::node_cdata) AppendStoredText(out, c.value());
+    else if (c.type() == pugi::node_pcdata || c.type() == pugi::node_cdata) AppendEscaped(out, c.value(), false);
   }
   out += "</";
   out += node.name();

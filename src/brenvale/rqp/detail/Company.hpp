@@ -13,6 +13,7 @@
 #include "brenvale/core/RequestProcessor.hpp"
 #include "brenvale/rqp/CompanyEngine.hpp"
 #include "brenvale/rqp/detail/Declarations.hpp"
+#include "brenvale/rqp/detail/Status.hpp"
 #include "brenvale/rqp/detail/Store.hpp"
 
 namespace brenvale::rqp::detail {
@@ -21,12 +22,6 @@ namespace brenvale::rqp::detail {
 struct ProcessError {
   std::int32_t hresult;
   std::string text;
-};
-
-// A request's error status, thrown by handlers; the request's changes are rolled back.
-struct StatusError {
-  int code;
-  std::string message;
 };
 
 struct Request {
@@ -121,6 +116,9 @@ std::int64_t ParseDateTime(std::string_view text, bool endOfDay);
 
 // Severity of a status code: "Info", "Warn" or "Error".
 const char* Severity(int status);
+
+// The texts of every child `name` of `parent` (IncludeRetElement, OwnerID, ListID ...).
+std::vector<std::string> ChildTexts(pugi::xml_node parent, const char* name);
 
 // Writes stored text for a response: characters above 127 become character references.
 void AppendResponseText(std::string& out, std::string_view stored);

@@ -9,14 +9,8 @@
 namespace brenvale::rqp::detail {
 namespace {
 
-std::string Q(std::string_view s) { return "\"" + std::string(s) + "\""; }
 std::string Text(pugi::xml_node n) { return n.text().get(); }
 
-std::vector<std::string> Texts(pugi::xml_node parent, const char* name) {
-  std::vector<std::string> out;
-  for (auto c : parent.children(name)) out.emplace_back(c.text().get());
-  return out;
-}
 
 struct Def {
   std::string ownerId;
@@ -61,7 +55,7 @@ void HandleDefAdd(Company& co, const Request& rq, Reply& reply) {
     throw StatusError{3180, "There was an error when saving a data extension definition, element \"\". QuickBooks "
                             "error message: The name cannot be blank."};
   if (FindDef(co, owner, name))
-    throw StatusError{3100, "The name " + Q(name) + " of the list element is already in use."};
+    throw NameInUse(name);
   pugi::xml_document doc;
   auto ret = doc.append_child("DataExtDefRet");
   std::int64_t id = co.Data().NextNumber("dataext");
@@ -77,7 +71,7 @@ void HandleDefAdd(Company& co, const Request& rq, Reply& reply) {
   if (!ret.child("DataExtFormatString")) ret.append_child("DataExtFormatString");
   Order(ret);
   SaveDef(co, owner, name, id, ret);
-  WriteRecord(co, {}, [&] { std::string s; Serialize(ret, s); return s; }(), Texts(rq.node, "IncludeRetElement"), {},
+  WriteRecord(co, {}, [&] { std::string s; Serialize(ret, s); return s; }(), ChildTexts(rq.node, "IncludeRetElement"), {},
               reply.body);
 }
 
@@ -85,7 +79,7 @@ void HandleDefMod(Company& co, const Request& rq, Reply& reply) {
   auto in = rq.node.child("DataExtDefMod");
   std::string owner = Text(in.child("OwnerID")), name = Text(in.child("DataExtName"));
   auto def = FindDef(co, owner, name);
-  if (!def) throw StatusError{3120, "Object " + Q(name) + " specified in the request cannot be found."};
+  if (!def) throw NotFound(name);
   pugi::xml_document doc;
   doc.load_string(def->ret.c_str());
   auto ret = doc.first_child();
@@ -95,7 +89,7 @@ void HandleDefMod(Company& co, const Request& rq, Reply& reply) {
     std::string v = Text(c);
     if (n == "DataExtNewName") {
       if (NameKey(v) != NameKey(name) && FindDef(co, owner, v))
-        throw StatusError{3100, "The name " + Q(v) + " of the list element is already in use."};
+        throw NameInUse(v);
       newName = v;
       Set(ret, "DataExtName", v);
     } else if (n == "AssignToObject") {
@@ -126,13 +120,13 @@ void HandleDefMod(Company& co, const Request& rq, Reply& reply) {
   SaveDef(co, owner, newName, def->id, ret);
   std::string s;
   Serialize(ret, s);
-  WriteRecord(co, {}, s, Texts(rq.node, "IncludeRetElement"), {}, reply.body);
+  WriteRecord(co, {}, s, ChildTexts(rq.node, "IncludeRetElement"), {}, reply.body);
 }
 
 void HandleDefDel(Company& co, const Request& rq, Reply& reply) {
   std::string owner = Text(rq.node.child("OwnerID")), name = Text(rq.node.child("DataExtName"));
   auto def = FindDef(co, owner, name);
-  if (!def) throw StatusError{3120, "Object " + Q(name) + " specified in the request cannot be found."};
+  if (!def) throw NotFound(name);
   auto& db = co.Data().Db();
   db.Prepare("DELETE FROM data_ext_defs WHERE owner_id=? AND name_key=?").Bind(1, owner).Bind(2, NameKey(name)).Run();
   db.Prepare("DELETE FROM data_ext_values WHERE owner_id=? AND name_key=?").Bind(1, owner).Bind(2, NameKey(name)).Run();
@@ -146,9 +140,9 @@ void HandleDefDel(Company& co, const Request& rq, Reply& reply) {
 }
 
 void HandleDefQuery(Company& co, const Request& rq, Reply& reply) {
-  auto owners = Texts(rq.node, "OwnerID");
-  auto objects = Texts(rq.node, "AssignToObject");
-  auto include = Texts(rq.node, "IncludeRetElement");
+  auto owners = ChildTexts(rq.node, "OwnerID");
+  auto objects = ChildTexts(rq.node, "AssignToObject");
+  auto include = ChildTexts(rq.node, "IncludeRetElement");
   auto& s = co.Data().Db().Prepare("SELECT owner_id, ret FROM data_ext_defs ORDER BY data_ext_id");
   int count = 0;
   while (s.Step()) {
@@ -165,7 +159,7 @@ void HandleDefQuery(Company& co, const Request& rq, Reply& reply) {
   s.Reset();
   if (count == 0) {
     reply.status = 1;
-    reply.message = "A query request did not find a matching object in QuickBooks";
+    reply.message = kNoMatchText;
   }
 }
 
@@ -173,16 +167,14 @@ void HandleDefQuery(Company& co, const Request& rq, Reply& reply) {
 std::string ObjectOf(Company& co, pugi::xml_node in) {
   if (in.child("OtherDataExtType")) return "COMPANY";
   if (auto txn = in.child("TxnID"))
-    throw StatusError{3120, "Object " + Q(Text(txn)) + " specified in the request cannot be found."};
+    throw NotFound(Text(txn));
   std::string type = Text(in.child("ListDataExtType"));
   std::vector<const ListKind*> kinds = type == "Item" ? KindsOf(Family::Item) : std::vector<const ListKind*>{KindByBase(type)};
   auto ref = in.child("ListObjRef");
   std::string id = Text(ref.child("ListID")), name = Text(ref.child("FullName"));
   auto r = id.empty() ? FindByName(co, kinds, name) : FindById(co, kinds, id);
   if (!r)
-    throw StatusError{3140, "There is an invalid reference to QuickBooks " + type + " " + Q(id.empty() ? name : id) +
-                                " in the data extension. QuickBooks error message: Invalid argument.  The specified "
-                                "record does not exist in the list."};
+    throw InvalidReference(type, id.empty() ? name : id, "data extension");
   return r->listId;
 }
 
@@ -219,7 +211,7 @@ void HandleValue(Company& co, const Request& rq, Reply& reply, bool add) {
   auto in = rq.node.child(add ? "DataExtAdd" : "DataExtMod");
   std::string owner = Text(in.child("OwnerID")), name = Text(in.child("DataExtName"));
   auto def = FindDef(co, owner, name);
-  if (!def) throw StatusError{3120, "Object " + Q(name) + " specified in the request cannot be found."};
+  if (!def) throw NotFound(name);
   std::string object = ObjectOf(co, in);
   pugi::xml_document doc;
   doc.load_string(def->ret.c_str());
@@ -232,7 +224,7 @@ void HandleValue(Company& co, const Request& rq, Reply& reply, bool add) {
     s.Bind(1, object).Bind(2, owner).Bind(3, NameKey(name));
     bool exists = s.Step();
     s.Reset();
-    if (!exists) throw StatusError{3120, "Object " + Q(name) + " specified in the request cannot be found."};
+    if (!exists) throw NotFound(name);
   }
   db.Prepare("INSERT OR REPLACE INTO data_ext_values(owner_id, name_key, object_id, value) VALUES(?,?,?,?)")
       .Bind(1, owner)
@@ -248,7 +240,7 @@ void HandleValueDel(Company& co, const Request& rq, Reply& reply) {
   auto in = rq.node.child("DataExtDel");
   std::string owner = Text(in.child("OwnerID")), name = Text(in.child("DataExtName"));
   auto def = FindDef(co, owner, name);
-  if (!def) throw StatusError{3120, "Object " + Q(name) + " specified in the request cannot be found."};
+  if (!def) throw NotFound(name);
   std::string object = ObjectOf(co, in);
   auto& db = co.Data().Db();
   db.Prepare("DELETE FROM data_ext_values WHERE object_id=? AND owner_id=? AND name_key=?")
@@ -256,7 +248,7 @@ void HandleValueDel(Company& co, const Request& rq, Reply& reply) {
       .Bind(2, owner)
       .Bind(3, NameKey(name))
       .Run();
-  if (db.Changes() == 0) throw StatusError{3120, "Object " + Q(name) + " specified in the request cannot be found."};
+  if (db.Changes() == 0) throw NotFound(name);
   reply.body += "<DataExtDelRet>";
   AppendElement(reply.body, "OwnerID", owner);
   AppendElement(reply.body, "DataExtName", name);

@@ -8,11 +8,6 @@
 namespace brenvale::rqp::detail {
 namespace {
 
-std::vector<std::string> Texts(pugi::xml_node parent, const char* name) {
-  std::vector<std::string> out;
-  for (auto c : parent.children(name)) out.emplace_back(c.text().get());
-  return out;
-}
 
 void HandleHostQuery(Company& co, const Request& rq, Reply& reply) {
   const HostFacts& f = co.Facts();
@@ -38,12 +33,12 @@ void HandleHostQuery(Company& co, const Request& rq, Reply& reply) {
     ret += "</ListMetaData>";
   }
   ret += "</HostRet>";
-  WriteRecord(co, {}, ret, Texts(rq.node, "IncludeRetElement"), {}, reply.body);
+  WriteRecord(co, {}, ret, ChildTexts(rq.node, "IncludeRetElement"), {}, reply.body);
 }
 
 void HandleCompanyQuery(Company& co, const Request& rq, Reply& reply) {
   WriteRecord(co, "COMPANY", co.Data().Meta("CompanyRet").value_or("<CompanyRet></CompanyRet>"),
-              Texts(rq.node, "IncludeRetElement"), Texts(rq.node, "OwnerID"), reply.body);
+              ChildTexts(rq.node, "IncludeRetElement"), ChildTexts(rq.node, "OwnerID"), reply.body);
 }
 
 void HandleCompanyActivityQuery(Company& co, const Request& rq, Reply& reply) {
@@ -52,12 +47,12 @@ void HandleCompanyActivityQuery(Company& co, const Request& rq, Reply& reply) {
   AppendElement(ret, "LastRestoreTime", created);
   AppendElement(ret, "LastCondenseTime", created);
   ret += "</CompanyActivityRet>";
-  WriteRecord(co, {}, ret, Texts(rq.node, "IncludeRetElement"), {}, reply.body);
+  WriteRecord(co, {}, ret, ChildTexts(rq.node, "IncludeRetElement"), {}, reply.body);
 }
 
 void HandlePreferencesQuery(Company& co, const Request& rq, Reply& reply) {
   WriteRecord(co, {}, co.Data().Meta("PreferencesRet").value_or("<PreferencesRet></PreferencesRet>"),
-              Texts(rq.node, "IncludeRetElement"), {}, reply.body);
+              ChildTexts(rq.node, "IncludeRetElement"), {}, reply.body);
 }
 
 Record Seed(Company& co, std::string_view base, const std::string& body,

@@ -8,7 +8,6 @@ namespace brenvale::rqp::detail {
 namespace {
 
 const Declarations& S() { return Declarations::Get(); }
-std::string Q(std::string_view s) { return "\"" + std::string(s) + "\""; }
 
 // Mod elements that empty a repeated Ret element when true.
 constexpr std::pair<std::string_view, std::string_view> kClearers[] = {
@@ -78,10 +77,7 @@ bool ResolveRef(Builder& b, std::string_view refName, pugi::xml_node in, pugi::x
   }
   auto found = FindInKinds(b.co, targets, listId, fullName);
   if (!found)
-    throw StatusError{3140, "There is an invalid reference to QuickBooks " + RefTargetLabel(refName, targets) + " " +
-                                Q(listId.empty() ? fullName : listId) + " in the " + std::string(b.kind.label) +
-                                ". QuickBooks error message: Invalid argument.  The specified record does not exist "
-                                "in the list."};
+    throw InvalidReference(RefTargetLabel(refName, targets), listId.empty() ? fullName : listId, b.kind.label);
   out.append_child("ListID").text().set(found->listId.c_str());
   out.append_child("FullName").text().set(found->fullName.c_str());
   return true;
@@ -287,7 +283,7 @@ void ApplyNames(Builder& b, pugi::xml_node ret, Record& r, const Record* old) {
   std::string verb = b.isAdd ? "saving" : "modifying";
   auto refuse = [&](int code, const std::string& why) {
     throw StatusError{code, "There was an error when " + verb + " a " + std::string(kind.label) + " list, element " +
-                                Q(name) + ". QuickBooks error message: " + why};
+                                Quote(name) + ". QuickBooks error message: " + why};
   };
   if (Trim(name).empty()) refuse(3180, "The name of the list element cannot be blank.");
   if (name.find(':') != std::string::npos) refuse(3180, "The name of the list element cannot contain a colon (:).");
@@ -298,8 +294,7 @@ void ApplyNames(Builder& b, pugi::xml_node ret, Record& r, const Record* old) {
     std::string parentId = Text(ret.child("ParentRef").child("ListID"));
     if (!parentId.empty()) {
       auto parent = b.co.Data().ById(parentId);
-      if (!parent) throw StatusError{3140, "There is an invalid reference to QuickBooks " + std::string(kind.label) +
-                                               " " + Q(parentId) + " in the " + std::string(kind.label) + "."};
+      if (!parent) throw InvalidReference(kind.label, parentId, kind.label);
       for (auto p = parent; p; p = p->parentId.empty() ? std::nullopt : b.co.Data().ById(p->parentId))
         if (old && p->listId == old->listId) refuse(3170, "A list element cannot be placed under itself or its sub-elements.");
       fullName = parent->fullName + ":" + name;
@@ -313,7 +308,7 @@ void ApplyNames(Builder& b, pugi::xml_node ret, Record& r, const Record* old) {
   r.nameKey = NameKey(fullName);
   auto clash = b.co.Data().ByName(r.nameGroup, r.nameKey);
   if (clash && clash->rowId != r.rowId)
-    throw StatusError{3100, "The name " + Q(fullName) + " of the list element is already in use."};
+    throw NameInUse(fullName);
 }
 
 std::string StoreText(pugi::xml_node ret) {
@@ -375,7 +370,7 @@ void Renamed(Company& co, const Record& r) {
       c.sublevel = r.sublevel + 1;
       auto clash = co.Data().ByName(c.nameGroup, c.nameKey);
       if (clash && clash->rowId != c.rowId)
-        throw StatusError{3100, "The name " + Q(c.fullName) + " of the list element is already in use."};
+        throw NameInUse(c.fullName);
       SetChild(ret, "FullName", c.fullName);
       SetChild(ret, "Sublevel", std::to_string(c.sublevel));
       Builder b{co, *k, false};
@@ -481,9 +476,9 @@ Record ModListRecord(Company& co, const ListKind& kind, pugi::xml_node mod) {
   std::string editSequence = Text(mod.child("EditSequence"));
   auto old = co.Data().ById(listId);
   if (!old || old->kind != kind.code)
-    throw StatusError{3120, "Object " + Q(listId) + " specified in the request cannot be found."};
+    throw NotFound(listId);
   if (old->editSequence != editSequence)
-    throw StatusError{3200, "The provided edit sequence " + Q(editSequence) + " is out-of-date."};
+    throw StatusError{3200, "The provided edit sequence " + Quote(editSequence) + " is out-of-date."};
   Builder b{co, kind, false};
   pugi::xml_document doc;
   doc.load_string(old->ret.c_str());
@@ -510,10 +505,10 @@ Record ModListRecord(Company& co, const ListKind& kind, pugi::xml_node mod) {
 DeletedRecord DeleteListRecord(Company& co, const ListKind& kind, std::string_view listId) {
   auto r = co.Data().ById(listId);
   if (!r || r->kind != kind.code)
-    throw StatusError{3120, "Object " + Q(listId) + " specified in the request cannot be found."};
+    throw NotFound(listId);
   auto refuse = [&](const std::string& why) {
     throw StatusError{3170, "There was an error when deleting a " + std::string(kind.label) + " list, element " +
-                                Q(r->fullName) + ". QuickBooks error message: " + why};
+                                Quote(r->fullName) + ". QuickBooks error message: " + why};
   };
   if (!co.Data().Children(r->listId).empty())
     refuse("This list element has sub-elements; delete or move them first.");

@@ -12,20 +12,8 @@ namespace {
 
 using Kinds = std::vector<const ListKind*>;
 
-std::string Q(std::string_view s) { return "\"" + std::string(s) + "\""; }
 
-std::vector<std::string> Texts(pugi::xml_node parent, const char* name) {
-  std::vector<std::string> out;
-  for (auto c : parent.children(name)) out.emplace_back(c.text().get());
-  return out;
-}
 
-constexpr const char* kNoMatch = "A query request did not find a matching object in QuickBooks";
-
-std::string NotFoundText(std::string_view what) {
-  return "The query request has not been fully completed. There was a required element (" + Q(what) +
-         ") that could not be found in QuickBooks.";
-}
 
 std::string NewIteratorId() {
   static thread_local std::mt19937_64 rng{std::random_device{}()};
@@ -47,12 +35,12 @@ void Attr(Reply& reply, const char* name, const std::string& value) {
 
 void HandleAdd(Company& co, const Request& rq, Reply& reply, const ListKind& kind) {
   Record r = AddListRecord(co, kind, rq.node.child((std::string(kind.base) + "Add").c_str()));
-  WriteRecord(co, r.listId, r.ret, Texts(rq.node, "IncludeRetElement"), {}, reply.body);
+  WriteRecord(co, r.listId, r.ret, ChildTexts(rq.node, "IncludeRetElement"), {}, reply.body);
 }
 
 void HandleMod(Company& co, const Request& rq, Reply& reply, const ListKind& kind) {
   Record r = ModListRecord(co, kind, rq.node.child((std::string(kind.base) + "Mod").c_str()));
-  WriteRecord(co, r.listId, r.ret, Texts(rq.node, "IncludeRetElement"), {}, reply.body);
+  WriteRecord(co, r.listId, r.ret, ChildTexts(rq.node, "IncludeRetElement"), {}, reply.body);
 }
 
 // A filter the index cannot answer: the stored Ret must contain one of the fragments.
@@ -181,17 +169,17 @@ void HandleQuery(Company& co, const Request& rq, Reply& reply, const Kinds& kind
   std::string iterator = std::string(Trim(node.attribute("iterator").value()));
   std::string metaData = std::string(Trim(node.attribute("metaData").value()));
   bool countOnly = metaData == "MetaDataOnly";
-  Page page{Texts(node, "IncludeRetElement"), Texts(node, "OwnerID")};
+  Page page{ChildTexts(node, "IncludeRetElement"), ChildTexts(node, "OwnerID")};
   long long maxReturned = node.child("MaxReturned") ? node.child("MaxReturned").text().as_llong() : -1;
   if (maxReturned == 0 || maxReturned < -1)
-    throw StatusError{3210, "The \"MaxReturned\" field has an invalid value " + Q(node.child("MaxReturned").text().get()) + "."};
+    throw StatusError{3210, "The \"MaxReturned\" field has an invalid value " + Quote(node.child("MaxReturned").text().get()) + "."};
 
   if (iterator == "Continue" || iterator == "Stop") {
     std::string id = std::string(Trim(node.attribute("iteratorID").value()));
     auto& open = co.Iterators();
     auto it = open.find(id);
     if (it == open.end() || it->second.requestName != rq.name)
-      throw StatusError{3391, "The iterator ID " + Q(id) + " is invalid. It is not known, it has already run to its "
+      throw StatusError{3391, "The iterator ID " + Quote(id) + " is invalid. It is not known, it has already run to its "
                               "end or been stopped, or it was started by another kind of request."};
     if (iterator == "Stop") {
       open.erase(it);
@@ -215,7 +203,7 @@ void HandleQuery(Company& co, const Request& rq, Reply& reply, const Kinds& kind
     Attr(reply, "iteratorID", id);
     if (written == 0) {
       reply.status = 1;
-      reply.message = kNoMatch;
+      reply.message = kNoMatchText;
     }
     return;
   }
@@ -223,8 +211,8 @@ void HandleQuery(Company& co, const Request& rq, Reply& reply, const Kinds& kind
   std::vector<Record> found;
   std::vector<std::int64_t> rest;  // rows beyond the first page of an iterator
   std::size_t total = 0;
-  auto listIds = Texts(node, "ListID");
-  auto fullNames = Texts(node, "FullName");
+  auto listIds = ChildTexts(node, "ListID");
+  auto fullNames = ChildTexts(node, "FullName");
   if (!listIds.empty() || !fullNames.empty()) {
     std::string missing;
     for (auto& id : listIds) {
@@ -238,7 +226,7 @@ void HandleQuery(Company& co, const Request& rq, Reply& reply, const Kinds& kind
     total = found.size();
     if (!missing.empty()) {
       reply.status = 500;
-      reply.message = NotFoundText(missing);
+      reply.message = NotFullyCompletedText(missing);
     }
     if (iterator == "Start" && maxReturned >= 0 && found.size() > static_cast<std::size_t>(maxReturned)) {
       for (std::size_t i = static_cast<std::size_t>(maxReturned); i < found.size(); ++i) rest.push_back(found[i].rowId);
@@ -283,7 +271,7 @@ void HandleQuery(Company& co, const Request& rq, Reply& reply, const Kinds& kind
       if (auto r = co.Data().ByRowId(id)) found.push_back(std::move(*r));
     if (total == 0) {
       reply.status = 1;
-      reply.message = kNoMatch;
+      reply.message = kNoMatchText;
     }
   }
   if (!metaData.empty() && metaData != "NoMetaData") Attr(reply, "retCount", std::to_string(total));
@@ -301,7 +289,7 @@ void HandleListDel(Company& co, const Request& rq, Reply& reply) {
   std::string type = rq.node.child("ListDelType").text().get();
   std::string listId = rq.node.child("ListID").text().get();
   const ListKind* kind = KindByBase(type);
-  if (!kind) throw StatusError{3120, "Object " + Q(listId) + " specified in the request cannot be found."};
+  if (!kind) throw NotFound(listId);
   DeletedRecord d = DeleteListRecord(co, *kind, listId);
   AppendElement(reply.body, "ListDelType", d.delType);
   AppendElement(reply.body, "ListID", d.listId);
@@ -311,13 +299,13 @@ void HandleListDel(Company& co, const Request& rq, Reply& reply) {
 }
 
 void HandleListDeletedQuery(Company& co, const Request& rq, Reply& reply) {
-  auto types = Texts(rq.node, "ListDelType");
+  auto types = ChildTexts(rq.node, "ListDelType");
   std::int64_t from = INT64_MIN, to = INT64_MAX;
   if (auto range = rq.node.child("DeletedDateRangeFilter")) {
     if (auto f = range.child("FromDeletedDate")) from = ParseDateTime(f.text().get(), false);
     if (auto t = range.child("ToDeletedDate")) to = ParseDateTime(t.text().get(), true);
   }
-  auto include = Texts(rq.node, "IncludeRetElement");
+  auto include = ChildTexts(rq.node, "IncludeRetElement");
   auto rows = co.Data().Deleted(types, from, to);
   for (auto& d : rows) {
     std::string ret = "<ListDeletedRet>";
@@ -331,7 +319,7 @@ void HandleListDeletedQuery(Company& co, const Request& rq, Reply& reply) {
   }
   if (rows.empty()) {
     reply.status = 1;
-    reply.message = kNoMatch;
+    reply.message = kNoMatchText;
   }
 }
 

@@ -10,7 +10,7 @@ constexpr const char* kFormat = "brenvale-company-1";
 constexpr const char* kTables = R"SQL(
 CREATE TABLE meta (key TEXT PRIMARY KEY, value TEXT NOT NULL);
 CREATE TABLE records (
-  id INTEGER PRIMARY KEY,
+  id INTEGER PRIMARY KEY AUTOINCREMENT,  -- never reused: open iterators hold ids
   list_id TEXT NOT NULL UNIQUE,
   kind INTEGER NOT NULL,
   name_group INTEGER NOT NULL,

@@ -76,16 +76,16 @@ std::string Answer(Database& db, std::string_view name, pugi::xml_node rq, int& 
     s.Reset();
     if (body.empty()) {
       code = 500;
-      message = "The query request has not been fully completed. There was a required element (\"" + id +
-                "\") that could not be found in QuickBooks.";
+      message = NotFullyCompletedText(id);
     }
   } else {  // SubscriptionDelRq
     std::string id = rq.child("SubscriberID").text().get();
     std::string delType = rq.child("SubscriptionType").text().get();
     db.Prepare("DELETE FROM subscriptions WHERE subscriber_id=? AND type=?").Bind(1, id).Bind(2, delType).Run();
     if (db.Changes() == 0) {
-      code = 3120;
-      message = "Object \"" + id + "\" specified in the request cannot be found.";
+      StatusError e = NotFound(id);
+      code = e.code;
+      message = e.message;
     }
   }
   return body;

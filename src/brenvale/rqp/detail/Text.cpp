@@ -61,11 +61,11 @@ bool EqualsNoCase(std::string_view a, std::string_view b) { return Fold(a, false
 std::string NameKey(std::string_view name) { return Fold(name, true); }
 std::string FoldCase(std::string_view text) { return Fold(text, false); }
 
-void AppendEscaped(std::string& out, std::string_view text) {
+void AppendEscaped(std::string& out, std::string_view text, bool referenceNonAscii) {
   std::size_t pos = 0;
   while (pos < text.size()) {
     unsigned char b = static_cast<unsigned char>(text[pos]);
-    if (b < 0x80) {
+    if (b < 0x80 || !referenceNonAscii) {
       switch (b) {
         case '&': out += "&amp;"; break;
         case '<': out += "&lt;"; break;
@@ -77,12 +77,15 @@ void AppendEscaped(std::string& out, std::string_view text) {
       ++pos;
       continue;
     }
-    char32_t ch = brenvale::detail::NextUtf8(text, pos);
-    int code = brenvale::detail::UnicodeToCp1252(ch);
-    out += "&#";
-    out += std::to_string(code >= 0 ? static_cast<std::uint32_t>(code) : static_cast<std::uint32_t>(ch));
-    out.push_back(';');
+    AppendCharReference(out, brenvale::detail::NextUtf8(text, pos));
   }
+}
+
+void AppendCharReference(std::string& out, char32_t ch) {
+  int code = brenvale::detail::UnicodeToCp1252(ch);
+  out += "&#";
+  out += std::to_string(code >= 0 ? static_cast<std::uint32_t>(code) : static_cast<std::uint32_t>(ch));
+  out.push_back(';');
 }
 
 std::string Escaped(std::string_view text) {

@@ -20,8 +20,11 @@ std::string FoldCase(std::string_view text);
 // Appends `text` escaped for element content or attribute values: the five XML entities, and
 // every character above 127 as a character reference (its Windows-1252 code where it has one,
 // which is how QuickBooks writes them).
-void AppendEscaped(std::string& out, std::string_view text);
+// `referenceNonAscii` false keeps UTF-8 as it is (how records are stored).
+void AppendEscaped(std::string& out, std::string_view text, bool referenceNonAscii = true);
 std::string Escaped(std::string_view text);
+// Appends the character reference QuickBooks writes for a character above 127.
+void AppendCharReference(std::string& out, char32_t ch);
 
 // Appends "<tag>escaped text</tag>".
 void AppendElement(std::string& out, std::string_view tag, std::string_view text);

@@ -61,6 +61,9 @@ TEST_F(ListTest, NamesAreUniqueWithoutRegardToCaseAndNameListsShareOneNamespace)
                 "</SalesOrPurchase></ItemNonInventoryAdd></ItemNonInventoryAddRq>").code, 3100);
   EXPECT_EQ(One("<DateDrivenTermsAddRq><DateDrivenTermsAdd><Name>net 30</Name><DayOfMonthDue>1</DayOfMonthDue>"
                 "</DateDrivenTermsAdd></DateDrivenTermsAddRq>").code, 3100);
+  pugi::xml_node v = Add("Vendor", "<Name>Addressed</Name><VendorAddress><Addr1>Box 1</Addr1><City>Troy</City>"
+                                    "<State>NY</State><PostalCode>12180</PostalCode></VendorAddress>");
+  EXPECT_EQ(Text(v, "VendorAddressBlock/Addr2"), "Troy, NY 12180");  // QuickBooks prints addresses as blocks
   // Employees are named from their name parts.
   pugi::xml_node e = Add("Employee", "<FirstName>Ann</FirstName><MiddleName>B</MiddleName><LastName>Cole</LastName>");
   EXPECT_EQ(Text(e, "Name"), "Ann B Cole");

@@ -275,6 +275,33 @@ void ApplyKindRules(Builder& b, pugi::xml_node in, pugi::xml_node ret, Record& r
   }
 }
 
+// The address blocks QuickBooks prints from an address: its lines, then "City, State PostalCode",
+// then the country, five lines at most.
+void FillAddressBlocks(const Decl& retDecl, pugi::xml_node ret) {
+  for (auto& rule : retDecl.children) {
+    const std::string& blockName = Declarations::Get().At(rule.decl).name;
+    if (!blockName.ends_with("AddressBlock")) continue;
+    std::string addressName = blockName.substr(0, blockName.size() - 5);
+    if (auto old = ret.child(blockName.c_str())) ret.remove_child(old);
+    auto address = ret.child(addressName.c_str());
+    if (!address) continue;
+    std::vector<std::string> lines;
+    for (const char* n : {"Addr1", "Addr2", "Addr3", "Addr4", "Addr5"})
+      if (!Text(address.child(n)).empty()) lines.push_back(Text(address.child(n)));
+    std::string city = Text(address.child("City"));
+    std::string statePostal = Text(address.child("State"));
+    if (!Text(address.child("PostalCode")).empty())
+      statePostal += (statePostal.empty() ? "" : " ") + Text(address.child("PostalCode"));
+    if (!city.empty() && !statePostal.empty()) city += ", ";
+    if (!(city + statePostal).empty()) lines.push_back(city + statePostal);
+    if (!Text(address.child("Country")).empty()) lines.push_back(Text(address.child("Country")));
+    if (lines.empty()) continue;
+    auto block = ret.append_child(blockName.c_str());
+    for (std::size_t i = 0; i < lines.size() && i < 5; ++i)
+      block.append_child(("Addr" + std::to_string(i + 1)).c_str()).text().set(lines[i].c_str());
+  }
+}
+
 // Name, full name, level and uniqueness of the record; throws StatusError.
 void ApplyNames(Builder& b, pugi::xml_node ret, Record& r, const Record* old) {
   const ListKind& kind = b.kind;
@@ -394,6 +421,7 @@ void Deactivated(Company& co, const Record& r) {
 }
 
 Record Finish(Builder& b, pugi::xml_node ret, Record r, const Record* old) {
+  FillAddressBlocks(*b.kind.ret, ret);
   Canonicalize(b, *b.kind.ret, ret);
   r.active = Text(ret.child("IsActive")) != "false";
   if (HasTotals(b.kind)) {

@@ -376,6 +376,7 @@ TEST_F(ToolTest, EveryKindAddsThroughItsOwnRecordAndRules) {
       {"PaymentMethod", {{"Parent=Cash"}, 2, "PaymentMethod has no field 'Parent' to set; its fields are: Name, IsActive"}},
       {"Template", {{"Name=Mine"}, 2, "Template records cannot be added"}},
       {"ToDo", {{"ReminderDate=soon"}, 2, "field ReminderDate expects a date (yyyy-mm-dd), got 'soon'"}},
+      {"PayrollItemWage", {{"Name=Night", "WageType=Bogus"}, 1, "field WageType cannot take 'Bogus'; it takes one of: "}},
   };
   for (const auto& [kind, c] : cases) {
     std::vector<std::string> args{"add", kind};

@@ -13,6 +13,7 @@
 #include "Output.hpp"
 #include "Progress.hpp"
 #include "brenvale/company/BrenvaleGlobals.hpp"
+#include "brenvale/core/Enumerations.hpp"
 #include "brenvale/qbxml/Conversions.hpp"
 #include "brenvale/qbxml/Dom.hpp"
 #include "brenvale/qbxml/xmlBldr.hpp"
@@ -296,10 +297,22 @@ int RunAdd(const GlobalOptions& g, const AddOptions& o) {
       throw UsageError(kind.name + " has no field '" + field + "' to set; its fields are: " + AddFieldNames(schema));
     for (const auto& [seen, v] : values)
       if (seen == id) throw UsageError("field " + schema.Field(seen).tag + " is given twice");
-    CheckValueText(schema.Field(static_cast<FieldId>(id)), value);
+    const FieldDef& f = schema.Field(static_cast<FieldId>(id));
+    CheckValueText(f, value);
     // Values the library itself refuses (an unknown enumeration value) fail here, before connecting.
-    scratch->SetFromText(static_cast<FieldId>(id), value);
-    values.emplace_back(static_cast<FieldId>(id), value);
+    try {
+      scratch->SetFromText(f.id, value);
+    } catch (const BrenvaleError& e) {
+      PrintError(std::cerr, e);
+      std::string message = "field " + f.tag + " cannot take '" + value + "'";
+      if (f.kind == FieldKind::Enum) {
+        std::string known;
+        for (const zkEnumValue& v : EnumCatalogue(f.enumType)) known += (known.empty() ? "" : ", ") + v.XMLTag();
+        message += "; it takes one of: " + known;
+      }
+      throw ToolFailure(kExitLibrary, message);
+    }
+    values.emplace_back(f.id, value);
   }
   OpenCompany(g);
   ListCollectionBase& c = kind.master();

@@ -1,5 +1,4 @@
 #pragma once
-// Contributors: read CONTRIBUTING.md at the top of the repository before changing this code.
 // Run-time enumeration catalogues: each public enumeration exists as a list of values with a code,
 // a description in words and the text that stands for it in qbXML.
 #include <cstdint>

@@ -1,5 +1,4 @@
 #pragma once
-// Contributors: read CONTRIBUTING.md at the top of the repository before changing this code.
 // The boundary between the library and a QuickBooks request processor. The library reaches every
 // processor through this interface only: QuickBooks' own COM components on Windows, or the
 // company engine ("BrenvaleRqP.RequestProcessor") anywhere. A processor reports failures by

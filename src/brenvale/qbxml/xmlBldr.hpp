@@ -1,5 +1,4 @@
 #pragma once
-// Contributors: read CONTRIBUTING.md at the top of the repository before changing this code.
 // The request builder: writes every qbXML request document the library sends, and the small I/O
 // documents it saves and reads back; then sends the finished document to the session's request
 // processor and hands back the parsed response.

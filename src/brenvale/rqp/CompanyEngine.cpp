@@ -77,6 +77,8 @@ std::string CompanyEngine::ProcessRequest(const std::string& ticket, const std::
     return company_->Process(request);
   } catch (const detail::ProcessError& e) {
     Fail(e.hresult, e.text);
+  } catch (const std::exception& e) {
+    Fail(hresult::kUnexpected, std::string("Unexpected error. ") + e.what());
   }
 }
 

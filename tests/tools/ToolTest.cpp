@@ -72,7 +72,9 @@ Result RunTool(const fs::path& dir, const std::vector<std::string>& args, const 
   return r;
 }
 
-std::string Lines(const Result& r) { return "exit " + std::to_string(r.status) + "\nstdout:\n" + r.out + "stderr:\n" + r.err; }
+std::string Lines(const Result& r) {
+  return "exit " + std::to_string(r.status) + "\nstdout:\n" + r.out + "stderr:\n" + r.err;
+}
 
 // The value of "key": "value" in a line of JSON output.
 std::string JsonText(const std::string& json, const std::string& key, std::size_t from = 0) {
@@ -146,18 +148,22 @@ TEST_F(ToolTest, BadUsageExitsWithTwoBeforeTouchingTheCompany) {
       {{"add", "Vendorr", "Name=x"}, "unknown kind 'Vendorr'"},
       {{"delete", "NoSuchKind", "80000001-1"}, "unknown kind"},
       {{"--format", "yaml", "info"}, "yaml"},
-      {{"list", "JobType", "--active", "--name-starts", "A"}, "--active and --name-starts cannot be combined"},
+      {{"list", "JobType", "--active", "--name-starts", "A"},
+       "--active and --name-starts cannot be combined"},
       {{"list", "JobType", "--to-name", "B", "--modified-since", "2020-01-01"}, "cannot be combined"},
       {{"list", "JobType", "--max", "0"}, "--max"},
       {{"list", "JobType", "--modified-since", "yesterday"}, "--modified-since expects a date"},
-      {{"list", "JobType", "--fields", "Name,Colour"}, "unknown field 'Colour' for JobType; its fields are: ListID"},
+      {{"list", "JobType", "--fields", "Name,Colour"},
+       "unknown field 'Colour' for JobType; its fields are: ListID"},
       {{"add", "JobType"}, "FIELD=VALUE"},
       {{"add", "JobType", "Name"}, "expected Field=Value, got 'Name'"},
-      {{"add", "JobType", "Nmae=Install"}, "JobType has no field 'Nmae' to set; its fields are: Name, IsActive, ParentRef"},
+      {{"add", "JobType", "Nmae=Install"},
+       "JobType has no field 'Nmae' to set; its fields are: Name, IsActive, ParentRef"},
       {{"add", "JobType", "Name=A", "name=B"}, "field Name is given twice"},
       {{"add", "JobType", "Name=A", "IsActive=maybe"}, "field IsActive expects true or false, got 'maybe'"},
       {{"delete", "JobType"}, "delete needs either a LISTID or --name"},
-      {{"--processor", "No.Such.Processor", "info"}, "unknown request processor 'No.Such.Processor'; registered: "},
+      {{"--processor", "No.Such.Processor", "info"},
+       "unknown request processor 'No.Such.Processor'; registered: "},
       {{"kinds", "Nope"}, "unknown kind 'Nope'"},
   };
   for (const Case& c : cases) {
@@ -220,7 +226,8 @@ TEST_F(ToolTest, InfoShowsHostFactsVersionAndCompanyInEachFormat) {
   Result xml = Tool({"--format", "xml", "info"});
   ASSERT_EQ(xml.status, 0) << Lines(xml);
   EXPECT_NE(xml.out.find("<HostRet>"), std::string::npos) << xml.out;
-  EXPECT_NE(xml.out.find("<SupportedQBXMLVersion>13.0</SupportedQBXMLVersion>"), std::string::npos) << xml.out;
+  EXPECT_NE(xml.out.find("<SupportedQBXMLVersion>13.0</SupportedQBXMLVersion>"), std::string::npos)
+      << xml.out;
 }
 
 TEST_F(ToolTest, AddListAndDeleteJobTypes) {
@@ -255,8 +262,9 @@ TEST_F(ToolTest, AddListAndDeleteJobTypes) {
   EXPECT_NE(json.out.find("\"FullName\": \"Installation:Residential\""), std::string::npos) << json.out;
   EXPECT_NE(json.out.find("\"Sublevel\": 1"), std::string::npos) << json.out;
   EXPECT_NE(json.out.find("\"IsActive\": true"), std::string::npos) << json.out;
-  EXPECT_NE(json.out.find("\"ParentRef\": {\"ListID\": \"" + parentId + "\", \"FullName\": \"Installation\"}"),
-            std::string::npos)
+  EXPECT_NE(
+      json.out.find("\"ParentRef\": {\"ListID\": \"" + parentId + "\", \"FullName\": \"Installation\"}"),
+      std::string::npos)
       << json.out;
   EXPECT_NE(json.out.find(R"("Name": "Say \"hi\" \\ there")"), std::string::npos) << json.out;
 
@@ -264,7 +272,8 @@ TEST_F(ToolTest, AddListAndDeleteJobTypes) {
   Result xml = Tool({"list", "JobType", "--format", "xml", "--name-ends", "dential"});
   ASSERT_EQ(xml.status, 0) << Lines(xml);
   EXPECT_NE(xml.out.find("<JobTypeQueryRs"), std::string::npos) << xml.out;
-  EXPECT_NE(xml.out.find("      <JobTypeRet>\n        <ListID>" + childId + "</ListID>"), std::string::npos) << xml.out;
+  EXPECT_NE(xml.out.find("      <JobTypeRet>\n        <ListID>" + childId + "</ListID>"), std::string::npos)
+      << xml.out;
   EXPECT_EQ(xml.out.find("<Name>Installation</Name>"), std::string::npos) << xml.out;
 
   // Chosen columns.
@@ -329,7 +338,8 @@ TEST_F(ToolTest, ValidationAndQuickBooksFailuresComeBackAsTheLibrarysErrors) {
   Result tooLong = Tool({"add", "JobType", "Name=" + name32});
   EXPECT_EQ(tooLong.status, 1) << Lines(tooLong);
   EXPECT_EQ(tooLong.out, "");
-  EXPECT_NE(tooLong.err.find("error 1013 (0x800403F5) in Name: Name cannot exceed 31 characters"), std::string::npos)
+  EXPECT_NE(tooLong.err.find("error 1013 (0x800403F5) in Name: Name cannot exceed 31 characters"),
+            std::string::npos)
       << Lines(tooLong);
   EXPECT_NE(tooLong.err.find("brenvale: error 1023 (0x800403FF): Error(s) occurred during commit."),
             std::string::npos)
@@ -373,17 +383,20 @@ TEST_F(ToolTest, EveryKindAddsThroughItsOwnRecordAndRules) {
       {"SalesTaxCode", {{"Name=ABCD"}, 1, "error 1400 (0x80040578) in Name"}},
       {"ToDo", {{"IsDone=true"}, 1, "error 2500 (0x800409C4)"}},
       {"CustomerType", {{"Name=" + std::string(32, 'c')}, 1, "error 1013 (0x800403F5) in Name"}},
-      {"PaymentMethod", {{"Parent=Cash"}, 2, "PaymentMethod has no field 'Parent' to set; its fields are: Name, IsActive"}},
+      {"PaymentMethod",
+       {{"Parent=Cash"}, 2, "PaymentMethod has no field 'Parent' to set; its fields are: Name, IsActive"}},
       {"Template", {{"Name=Mine"}, 2, "Template records cannot be added"}},
       {"ToDo", {{"ReminderDate=soon"}, 2, "field ReminderDate expects a date (yyyy-mm-dd), got 'soon'"}},
-      {"PayrollItemWage", {{"Name=Night", "WageType=Bogus"}, 1, "field WageType cannot take 'Bogus'; it takes one of: "}},
+      {"PayrollItemWage",
+       {{"Name=Night", "WageType=Bogus"}, 1, "field WageType cannot take 'Bogus'; it takes one of: "}},
   };
   for (const auto& [kind, c] : cases) {
     std::vector<std::string> args{"add", kind};
     args.insert(args.end(), c.fields.begin(), c.fields.end());
     Result r = Tool(args);
     EXPECT_EQ(r.status, c.status) << kind << "\n" << Lines(r);
-    EXPECT_NE((c.status == 0 ? r.out : r.err).find(c.expected), std::string::npos) << kind << "\n" << Lines(r);
+    EXPECT_NE((c.status == 0 ? r.out : r.err).find(c.expected), std::string::npos) << kind << "\n"
+                                                                                   << Lines(r);
   }
 }
 
@@ -433,6 +446,21 @@ TEST_F(ToolTest, RequestSendsADocumentAndReportsFailedResponses) {
   EXPECT_NE(failed.out.find("<JobTypeQueryRs requestID=\"2\""), std::string::npos) << failed.out;
   EXPECT_NE(failed.err.find("JobTypeAddRs (requestID 1): status 3100: "), std::string::npos) << Lines(failed);
 
+  // A long run of failures is summed up after the first ten.
+  std::string many =
+      "<?xml version=\"1.0\" ?><?qbxml version=\"13.0\"?><QBXML><QBXMLMsgsRq onError=\"continueOnError\">";
+  for (int i = 0; i < 12; ++i)
+    many += "<JobTypeAddRq requestID=\"" + std::to_string(i) +
+            "\"><JobTypeAdd><Name></Name></JobTypeAdd></JobTypeAddRq>";
+  many += "</QBXMLMsgsRq></QBXML>";
+  Result manyFailed = Tool({"request", "-"}, many);
+  EXPECT_EQ(manyFailed.status, 1) << Lines(manyFailed);
+  EXPECT_NE(manyFailed.err.find("(requestID 9)"), std::string::npos) << Lines(manyFailed);
+  EXPECT_EQ(manyFailed.err.find("(requestID 10)"), std::string::npos) << Lines(manyFailed);
+  EXPECT_NE(manyFailed.err.find("brenvale: ... and 2 more responses with severity Error\n"),
+            std::string::npos)
+      << Lines(manyFailed);
+
   Result garbage = Tool({"request", "-"}, "this is not qbXML");
   EXPECT_EQ(garbage.status, 1) << Lines(garbage);
   EXPECT_NE(garbage.err.find("brenvale: error "), std::string::npos) << Lines(garbage);
@@ -467,8 +495,9 @@ TEST_F(ToolTest, DemoRunsOnAFreshCompanyAndAgainOnTheSameOne) {
   Result first = RunTool(dir_, {"demo"});
   ASSERT_EQ(first.status, 0) << Lines(first);
   EXPECT_TRUE(fs::exists(dir_ / "brenvale-demo.qbw"));
-  for (const char* expected : {"Installation:Residential", "added, ListID", "qbXML version",
-                               "error 1013 (0x800403F5) in Name: Name cannot exceed 31 characters", "deleted"})
+  for (const char* expected :
+       {"Installation:Residential", "added, ListID", "qbXML version",
+        "error 1013 (0x800403F5) in Name: Name cannot exceed 31 characters", "deleted"})
     EXPECT_NE(first.out.find(expected), std::string::npos) << expected << "\n" << first.out;
   EXPECT_EQ(first.err, "");
 

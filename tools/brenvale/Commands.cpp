@@ -147,8 +147,8 @@ int RunKinds(const GlobalOptions& g, const std::string& name) {
     const bool settable = std::find(add.begin(), add.end(), id) != add.end();
     if (format == Format::Json) {
       std::cout << (first ? "\n  " : ",\n  ") << "{\"field\": " << JsonString(f.tag)
-                << ", \"type\": " << JsonString(FieldKindName(f.kind)) << ", \"add\": " << (settable ? "true" : "false")
-                << "}";
+                << ", \"type\": " << JsonString(FieldKindName(f.kind))
+                << ", \"add\": " << (settable ? "true" : "false") << "}";
       first = false;
     } else {
       rows.push_back({f.tag, FieldKindName(f.kind), settable ? "yes" : ""});
@@ -294,7 +294,8 @@ int RunAdd(const GlobalOptions& g, const AddOptions& o) {
     const std::string field = a.substr(0, eq), value = a.substr(eq + 1);
     const int id = FindAddField(schema, field);
     if (id < 0)
-      throw UsageError(kind.name + " has no field '" + field + "' to set; its fields are: " + AddFieldNames(schema));
+      throw UsageError(kind.name + " has no field '" + field +
+                       "' to set; its fields are: " + AddFieldNames(schema));
     for (const auto& [seen, v] : values)
       if (seen == id) throw UsageError("field " + schema.Field(seen).tag + " is given twice");
     const FieldDef& f = schema.Field(static_cast<FieldId>(id));
@@ -307,7 +308,8 @@ int RunAdd(const GlobalOptions& g, const AddOptions& o) {
       std::string message = "field " + f.tag + " cannot take '" + value + "'";
       if (f.kind == FieldKind::Enum) {
         std::string known;
-        for (const zkEnumValue& v : EnumCatalogue(f.enumType)) known += (known.empty() ? "" : ", ") + v.XMLTag();
+        for (const zkEnumValue& v : EnumCatalogue(f.enumType))
+          known += (known.empty() ? "" : ", ") + v.XMLTag();
         message += "; it takes one of: " + known;
       }
       throw ToolFailure(kExitLibrary, message);
@@ -358,8 +360,8 @@ int RunDelete(const GlobalOptions& g, const DeleteOptions& o) {
   }
   switch (g.OutputFormat()) {
     case Format::Json:
-      std::cout << "{\"deleted\": true, \"kind\": " << JsonString(kind.name) << ", \"ListID\": " << JsonString(listId)
-                << "}\n";
+      std::cout << "{\"deleted\": true, \"kind\": " << JsonString(kind.name)
+                << ", \"ListID\": " << JsonString(listId) << "}\n";
       break;
     case Format::Xml: {
       xmlBldr b;
@@ -388,26 +390,30 @@ std::string ReadRequest(const std::string& file) {
     text.assign(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
   }
   if (text.find_first_not_of(" \t\r\n") == std::string::npos)
-    throw FileError("the request " + (file == "-" ? std::string("on standard input") : "file '" + file + "'") +
-                    " is empty");
+    throw FileError("the request " +
+                    (file == "-" ? std::string("on standard input") : "file '" + file + "'") + " is empty");
   return text;
 }
 
-// Reports every response of the document whose severity is Error; true when there was none.
+// Reports the responses of the document whose severity is Error (the first ten, then how many
+// more); true when there was none.
 bool ReportFailedResponses(const DomDocument& doc) {
-  bool ok = true;
+  constexpr int kShown = 10;
+  int failed = 0;
   for (DomNode messages : doc.DocumentElement().Children()) {
     if (!messages.IsElement()) continue;
     for (DomNode rs : messages.Children()) {
       if (!rs.IsElement() || rs.Attribute("statusSeverity").value_or("") != "Error") continue;
-      ok = false;
+      if (++failed > kShown) continue;
       std::cerr << "brenvale: " << rs.BaseName();
       if (auto id = rs.Attribute("requestID")) std::cerr << " (requestID " << *id << ")";
       std::cerr << ": status " << rs.Attribute("statusCode").value_or("?") << ": "
                 << rs.Attribute("statusMessage").value_or("") << "\n";
     }
   }
-  return ok;
+  if (failed > kShown)
+    std::cerr << "brenvale: ... and " << failed - kShown << " more responses with severity Error\n";
+  return failed == 0;
 }
 
 int RunRequest(const GlobalOptions& g, const std::string& file) {
@@ -433,13 +439,16 @@ int RunRequest(const GlobalOptions& g, const std::string& file) {
 
 void AddCommands(CLI::App& app, const GlobalOptions& g, Runner& run) {
   // demo
-  CLI::App* demo = app.add_subcommand("demo", "Walk through a host's session on a demo company, step by step");
+  CLI::App* demo =
+      app.add_subcommand("demo", "Walk through a host's session on a demo company, step by step");
   demo->footer(kGlobalsNote);
   demo->callback([&g, &run] { run = [&g] { return RunDemo(g); }; });
 
   // info
-  CLI::App* info = app.add_subcommand("info", "Show the host facts, the negotiated qbXML version and the company file");
-  info->footer(std::string(kGlobalsNote) + "\nWith --format xml, prints the host query response as QuickBooks sends it.");
+  CLI::App* info =
+      app.add_subcommand("info", "Show the host facts, the negotiated qbXML version and the company file");
+  info->footer(std::string(kGlobalsNote) +
+               "\nWith --format xml, prints the host query response as QuickBooks sends it.");
   info->callback([&g, &run] { run = [&g] { return RunInfo(g); }; });
 
   // kinds
@@ -453,15 +462,20 @@ void AddCommands(CLI::App& app, const GlobalOptions& g, Runner& run) {
   auto lo = std::make_shared<ListOptions>();
   CLI::App* list = app.add_subcommand("list", "Query the records of a kind");
   list->add_option("KIND", lo->kind, "The kind of record (see 'brenvale kinds')")->required();
-  lo->active = list->add_flag("--active", lo->activeOnly, "Active records only (QuickBooks' own default when no filter names a status)");
-  lo->starts = list->add_option("--name-starts", lo->startsWith, "Full names that start with TEXT")->type_name("TEXT");
-  lo->contain = list->add_option("--name-contains", lo->contains, "Full names that contain TEXT")->type_name("TEXT");
-  lo->ends = list->add_option("--name-ends", lo->endsWith, "Full names that end with TEXT")->type_name("TEXT");
+  lo->active = list->add_flag("--active", lo->activeOnly,
+                              "Active records only (QuickBooks' own default when no filter names a status)");
+  lo->starts =
+      list->add_option("--name-starts", lo->startsWith, "Full names that start with TEXT")->type_name("TEXT");
+  lo->contain =
+      list->add_option("--name-contains", lo->contains, "Full names that contain TEXT")->type_name("TEXT");
+  lo->ends =
+      list->add_option("--name-ends", lo->endsWith, "Full names that end with TEXT")->type_name("TEXT");
   lo->from = list->add_option("--from-name", lo->fromName, "Names from NAME on (with --to-name: a range)")
                  ->type_name("NAME");
   lo->to = list->add_option("--to-name", lo->toName, "Names up to NAME")->type_name("NAME");
-  lo->since = list->add_option("--modified-since", lo->modifiedSince, "Records modified since DATE (yyyy-mm-dd)")
-                  ->type_name("DATE");
+  lo->since =
+      list->add_option("--modified-since", lo->modifiedSince, "Records modified since DATE (yyyy-mm-dd)")
+          ->type_name("DATE");
   list->add_option("--max", lo->max, "At most N records")->type_name("N")->check(CLI::PositiveNumber);
   list->add_option("--fields", lo->fields, "Table columns, comma-separated ('all' for every field)")
       ->delimiter(',')
@@ -480,9 +494,10 @@ void AddCommands(CLI::App& app, const GlobalOptions& g, Runner& run) {
   add->add_option("--fields", ao->fields, "Table columns of the added record, comma-separated")
       ->delimiter(',')
       ->type_name("FIELD,...");
-  add->footer(std::string(kGlobalsNote) +
-              "\nThe record is validated by the library first; failures print each error's number and message."
-              "\nExample: brenvale add JobType Name=Retrofit Parent=Installation");
+  add->footer(
+      std::string(kGlobalsNote) +
+      "\nThe record is validated by the library first; failures print each error's number and message."
+      "\nExample: brenvale add JobType Name=Retrofit Parent=Installation");
   add->callback([&g, &run, ao] { run = [&g, ao] { return RunAdd(g, *ao); }; });
 
   // delete

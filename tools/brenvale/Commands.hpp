@@ -1,9 +1,8 @@
 #pragma once
 // The subcommands of the brenvale tool. Each registers itself on the application; when it is the
 // one chosen, parsing leaves its body in `run`.
-#include <functional>
-
 #include <CLI/CLI.hpp>
+#include <functional>
 
 #include "Tool.hpp"
 

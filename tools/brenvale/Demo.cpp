@@ -72,12 +72,13 @@ Date Today() {
 
 void PrintErrors(const zkErrors& errors) {
   for (const zkError& e : errors)
-    out << "     error " << ErrorNumberText(e.Number()) << (e.Field().empty() ? "" : " in " + e.Field()) << ": "
-        << e.Description() << "\n";
+    out << "     error " << ErrorNumberText(e.Number()) << (e.Field().empty() ? "" : " in " + e.Field())
+        << ": " << e.Description() << "\n";
 }
 
 void PrintRaised(const BrenvaleError& e) {
-  out << "     raised error " << ErrorNumberText(e.Number()) << ": " << e.Description() << " [" << e.Source() << "]\n";
+  out << "     raised error " << ErrorNumberText(e.Number()) << ": " << e.Description() << " [" << e.Source()
+      << "]\n";
 }
 
 }  // namespace
@@ -93,11 +94,12 @@ int RunDemo(const GlobalOptions& g) {
   Code("QBConnect(\"\", \"Brenvale command-line tool\", qbOpenModeDontCare, \"" + g.company + "\");");
   OpenCompany(g);
   const brenvale::QBConnection& c = BrenvaleGlobals::QBConnection();
-  Indented({{"Product", c.ProductName()},
-            {"QuickBooks version", std::to_string(c.QBMajorVersion()) + "." + std::to_string(c.QBMinorVersion())},
-            {"Country", c.Country()},
-            {"qbXML version", c.qbxmlVersion()},
-            {"Company file", c.CompanyPath()}});
+  Indented(
+      {{"Product", c.ProductName()},
+       {"QuickBooks version", std::to_string(c.QBMajorVersion()) + "." + std::to_string(c.QBMinorVersion())},
+       {"Country", c.Country()},
+       {"qbXML version", c.qbxmlVersion()},
+       {"Company file", c.CompanyPath()}});
 
   Step(2, "Add job types and classes with parents",
        "Collections add records locally; Commit sends every new record in one batch. A child names\n"
@@ -152,8 +154,8 @@ int RunDemo(const GlobalOptions& g) {
   Code("ToDoList().Commit();");
   call->ReminderDate(reminder.AddDays(7));
   toDos.Commit();
-  out << "     ReminderDate " << DateToText(reminder) << " -> " << DateToText(call->ReminderDate()) << ", EditSequence "
-      << before << " -> " << call->EditSequence() << "\n";
+  out << "     ReminderDate " << DateToText(reminder) << " -> " << DateToText(call->ReminderDate())
+      << ", EditSequence " << before << " -> " << call->EditSequence() << "\n";
   out << "   Some lists have no modify request in qbXML; the library refuses before sending anything:\n";
   jobTypes.GetAll();
   if (JobType* commercial = jobTypes.Find("Installation:Commercial")) {
@@ -185,7 +187,8 @@ int RunDemo(const GlobalOptions& g) {
   PrintErrors(tooLong.Errors());
   Forget(jobTypes, tooLong);
 
-  Step(6, "Delete one", "Delete sends a list delete request by ListID and takes the record out of the collection.");
+  Step(6, "Delete one",
+       "Delete sends a list delete request by ListID and takes the record out of the collection.");
   const std::string doomed = "Maintenance:Annual Service";
   if (JobType* annual = jobTypes.Find(doomed)) {
     const std::string id = annual->ListID();

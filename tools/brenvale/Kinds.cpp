@@ -19,8 +19,11 @@ Kind Of(std::string name, std::string plural) {
   using Record = std::remove_reference_t<decltype(std::declval<Collection&>().Item(std::size_t{1}))>;
   ListRecord& (*addNew)() = nullptr;
   if constexpr (requires { Accessor().Add(); }) addNew = []() -> ListRecord& { return Accessor().Add(); };
-  return Kind{std::move(name), std::move(plural), &Record::StaticSchema,
-              []() -> ListCollectionBase& { return Accessor(); }, addNew,
+  return Kind{std::move(name),
+              std::move(plural),
+              &Record::StaticSchema,
+              []() -> ListCollectionBase& { return Accessor(); },
+              addNew,
               []() -> std::shared_ptr<ListRecord> { return std::make_shared<Record>(); }};
 }
 
@@ -50,7 +53,8 @@ std::vector<Kind> Registered() {
 std::string Folded(std::string_view text) {
   std::string out;
   for (char c : text)
-    if (c != '-' && c != '_' && c != ' ') out += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    if (c != '-' && c != '_' && c != ' ')
+      out += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   return out;
 }
 
@@ -64,7 +68,8 @@ const std::vector<Kind>& Kinds() {
 const Kind* FindKind(std::string_view name) {
   const std::string wanted = Folded(name);
   for (const Kind& k : Kinds())
-    if (Folded(k.name) == wanted || Folded(k.plural) == wanted || Folded(k.schema().XmlName()) == wanted) return &k;
+    if (Folded(k.name) == wanted || Folded(k.plural) == wanted || Folded(k.schema().XmlName()) == wanted)
+      return &k;
   return nullptr;
 }
 

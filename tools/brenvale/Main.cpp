@@ -1,9 +1,8 @@
 // brenvale: look at and script against a QuickBooks company through the Brenvale library.
+#include <CLI/CLI.hpp>
 #include <exception>
 #include <iostream>
 #include <string>
-
-#include <CLI/CLI.hpp>
 
 #include "Commands.hpp"
 #include "Tool.hpp"
@@ -39,9 +38,10 @@ int Main(int argc, char** argv) {
   GlobalOptions options;
   Runner run;
 
-  CLI::App app("Look at and script against a QuickBooks company file through the Brenvale library.\n"
-               "By default it works on the company engine with the demo company in the current directory.",
-               "brenvale");
+  CLI::App app(
+      "Look at and script against a QuickBooks company file through the Brenvale library.\n"
+      "By default it works on the company engine with the demo company in the current directory.",
+      "brenvale");
   app.set_version_flag("--version", "brenvale 0.1.0");
   app.add_option("--company", options.company, "The company file (created when it does not exist)")
       ->type_name("FILE")
@@ -56,8 +56,9 @@ int Main(int argc, char** argv) {
       ->capture_default_str();
   app.require_subcommand(1);
   app.fallthrough();
-  app.footer("Run 'brenvale COMMAND --help' for a command's options. Start with 'brenvale demo'.\n"
-             "Exit status: 0 success, 1 library or QuickBooks error, 2 bad usage, 3 file or company problem.\n");
+  app.footer(
+      "Run 'brenvale COMMAND --help' for a command's options. Start with 'brenvale demo'.\n"
+      "Exit status: 0 success, 1 library or QuickBooks error, 2 bad usage, 3 file or company problem.\n");
   AddCommands(app, options, run);
 
   try {
@@ -69,7 +70,8 @@ int Main(int argc, char** argv) {
     if (noCommand && stray.empty())
       std::cerr << "brenvale: a command is required; the commands are: " << CommandNames(app) << "\n";
     else if (noCommand)
-      std::cerr << "brenvale: unknown command '" << stray << "'; the commands are: " << CommandNames(app) << "\n";
+      std::cerr << "brenvale: unknown command '" << stray << "'; the commands are: " << CommandNames(app)
+                << "\n";
     else
       std::cerr << "brenvale: " << e.what() << "\n";
     std::cerr << "Run 'brenvale --help' for usage.\n";

@@ -38,7 +38,8 @@ std::string JsonValue(const ListRecord& record, const FieldDef& field) {
   if (auto r = std::get_if<zkListObjectRef>(&v)) {
     if (r->IsEmpty()) return "null";
     return "{\"ListID\": " + (r->ListID().empty() ? std::string("null") : JsonString(r->ListID())) +
-           ", \"FullName\": " + (r->FullName().empty() ? std::string("null") : JsonString(r->FullName())) + "}";
+           ", \"FullName\": " + (r->FullName().empty() ? std::string("null") : JsonString(r->FullName())) +
+           "}";
   }
   std::string text = record.ValueText(field.id);
   return text.empty() && !std::holds_alternative<std::string>(v) ? "null" : JsonString(text);
@@ -62,8 +63,9 @@ void PrintXml(std::ostream& out, const RecordSchema& schema, const std::vector<L
   const std::string ret = schema.XmlName() + "Ret";
   xmlBldr b;
   b.Clear();
-  b.InsertRawXML("<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs><" + schema.XmlName() +
-                 "QueryRs requestID=\"1\" statusCode=\"0\" statusSeverity=\"Info\" statusMessage=\"Status OK\">");
+  b.InsertRawXML(
+      "<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs><" + schema.XmlName() +
+      "QueryRs requestID=\"1\" statusCode=\"0\" statusSeverity=\"Info\" statusMessage=\"Status OK\">");
   for (ListRecord* record : records) {
     b.OpenAggregateOnly(ret);
     record->XMLQueryRs(b);
@@ -115,7 +117,8 @@ std::vector<FieldId> TableColumns(const RecordSchema& schema, const std::vector<
     auto it = std::find_if(fields.begin(), fields.end(),
                            [&](FieldId id) { return Lower(schema.Field(id).tag) == Lower(n); });
     if (it == fields.end())
-      throw UsageError("unknown field '" + n + "' for " + schema.Label() + "; its fields are: " + FieldNames(schema));
+      throw UsageError("unknown field '" + n + "' for " + schema.Label() +
+                       "; its fields are: " + FieldNames(schema));
     out.push_back(*it);
   }
   return out;

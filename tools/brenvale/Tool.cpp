@@ -32,8 +32,10 @@ fs::path CheckedFilePath(const std::string& file, const std::string& what) {
   std::error_code ec;
   fs::path dir = path.parent_path();
   if (!fs::is_directory(dir, ec))
-    throw FileError("cannot use " + what + " '" + file + "': directory '" + dir.string() + "' does not exist");
-  if (fs::is_directory(path, ec)) throw FileError("cannot use " + what + " '" + file + "': it is a directory");
+    throw FileError("cannot use " + what + " '" + file + "': directory '" + dir.string() +
+                    "' does not exist");
+  if (fs::is_directory(path, ec))
+    throw FileError("cannot use " + what + " '" + file + "': it is a directory");
   return path;
 }
 
@@ -44,7 +46,9 @@ class ReportingProcessor : public IRequestProcessor {
  public:
   explicit ReportingProcessor(std::shared_ptr<IRequestProcessor> inner) : inner_(std::move(inner)) {}
 
-  void OpenConnection(const std::string& id, const std::string& name) override { inner_->OpenConnection(id, name); }
+  void OpenConnection(const std::string& id, const std::string& name) override {
+    inner_->OpenConnection(id, name);
+  }
   void OpenConnection2(const std::string& id, const std::string& name, qbConnectionType type) override {
     inner_->OpenConnection2(id, name, type);
   }

@@ -45,7 +45,6 @@ inline constexpr std::int32_t kBeginSessionNotCalled = static_cast<std::int32_t>
 inline constexpr std::int32_t kInvalidTicket = static_cast<std::int32_t>(0x8004040Du);
 inline constexpr std::int32_t kFileOpenInOtherMode = static_cast<std::int32_t>(0x80040410u);
 inline constexpr std::int32_t kSessionAlreadyBegun = static_cast<std::int32_t>(0x80040411u);
-inline constexpr std::int32_t kUnsupportedVersion = static_cast<std::int32_t>(0x80040412u);
 }  // namespace hresult
 
 namespace detail {

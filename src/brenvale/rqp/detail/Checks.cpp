@@ -2,12 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstring>
 #include <cctype>
 #include <climits>
 #include <cstdio>
-#include <mutex>
-#include <stdexcept>
 
 #include "brenvale/core/detail/Windows1252.hpp"
 

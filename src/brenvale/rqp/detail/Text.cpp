@@ -36,7 +36,7 @@ char32_t FoldChar(char32_t c) {
   return c;
 }
 
-std::string Fold(std::string_view s, bool rankSeparator) {
+std::string Fold(std::string_view s) {
   std::string out;
   out.reserve(s.size());
   std::size_t pos = 0;
@@ -45,7 +45,7 @@ std::string Fold(std::string_view s, bool rankSeparator) {
     if (b < 0x80) {
       char c = static_cast<char>(b);
       if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-      else if (rankSeparator && c == ':') c = '\x01';
+      else if (c == ':') c = '\x01';
       out.push_back(c);
       ++pos;
       continue;
@@ -56,10 +56,8 @@ std::string Fold(std::string_view s, bool rankSeparator) {
 }
 }  // namespace
 
-bool EqualsNoCase(std::string_view a, std::string_view b) { return Fold(a, false) == Fold(b, false); }
 
-std::string NameKey(std::string_view name) { return Fold(name, true); }
-std::string FoldCase(std::string_view text) { return Fold(text, false); }
+std::string NameKey(std::string_view name) { return Fold(name); }
 
 void AppendEscaped(std::string& out, std::string_view text, bool referenceNonAscii) {
   std::size_t pos = 0;

@@ -8,14 +8,11 @@ namespace brenvale::rqp::detail {
 
 std::vector<std::string_view> Split(std::string_view s, char sep);
 std::string_view Trim(std::string_view s);
-bool EqualsNoCase(std::string_view a, std::string_view b);
 
 // The key names are compared and sorted by: letters folded to lower case (ASCII and Latin-1), and
 // the hierarchy separator ':' ranked below every other character so that "A:B" follows "A"
 // directly. Two names are the same QuickBooks name exactly when their keys are equal.
 std::string NameKey(std::string_view name);
-// Lower-case folding alone (for "contains"/"ends with" name filters).
-std::string FoldCase(std::string_view text);
 
 // Appends `text` escaped for element content or attribute values: the five XML entities, and
 // every character above 127 as a character reference (its Windows-1252 code where it has one,

@@ -119,10 +119,10 @@ class ToolTest : public ::testing::Test {
 TEST_F(ToolTest, HelpListsEveryCommandAndEachCommandHasItsOwn) {
   Result top = RunTool(dir_, {"--help"});
   EXPECT_EQ(top.status, 0) << Lines(top);
-  for (const char* command : {"demo", "info", "list", "add", "delete", "request", "kinds", "--company",
-                              "--processor", "--trace", "--format"})
+  for (const char* command : {"demo", "info", "list", "add", "modify", "delete", "request", "kinds",
+                              "--company", "--processor", "--trace", "--format"})
     EXPECT_NE(top.out.find(command), std::string::npos) << command;
-  for (const char* command : {"demo", "info", "list", "add", "delete", "request", "kinds"}) {
+  for (const char* command : {"demo", "info", "list", "add", "modify", "delete", "request", "kinds"}) {
     Result r = RunTool(dir_, {command, "--help"});
     EXPECT_EQ(r.status, 0) << command;
     EXPECT_NE(r.out.find(command), std::string::npos) << Lines(r);
@@ -398,6 +398,38 @@ TEST_F(ToolTest, EveryKindAddsThroughItsOwnRecordAndRules) {
     EXPECT_NE((c.status == 0 ? r.out : r.err).find(c.expected), std::string::npos) << kind << "\n"
                                                                                    << Lines(r);
   }
+}
+
+TEST_F(ToolTest, ModifySendsTheChangeOrTheLibrarysRefusal) {
+  Result todo = Tool({"--format", "json", "add", "ToDo", "Notes=Ring back"});
+  ASSERT_EQ(todo.status, 0) << Lines(todo);
+  const std::string id = JsonText(todo.out, "ListID");
+  const std::string sequence = JsonText(todo.out, "EditSequence");
+
+  Result changed = Tool(
+      {"modify", "ToDo", id, "Notes=Ring back on Monday", "ReminderDate=2026-12-24", "--format", "json"});
+  ASSERT_EQ(changed.status, 0) << Lines(changed);
+  EXPECT_EQ(JsonText(changed.out, "Notes"), "Ring back on Monday") << changed.out;
+  EXPECT_EQ(JsonText(changed.out, "ReminderDate"), "2026-12-24") << changed.out;
+  EXPECT_NE(JsonText(changed.out, "EditSequence"), sequence) << changed.out;
+  Result listed = Tool({"list", "ToDo", "--fields", "Notes"});
+  EXPECT_EQ(listed.out, "Notes\nRing back on Monday\n") << Lines(listed);
+
+  Result emptied = Tool({"modify", "ToDo", id, "Notes="});
+  EXPECT_EQ(emptied.status, 1) << Lines(emptied);
+  EXPECT_NE(emptied.err.find("error 2500 (0x800409C4) in Notes: Notes cannot be null"), std::string::npos)
+      << Lines(emptied);
+
+  const std::string jobType = AddJobType("Fixed");
+  Result refused = Tool({"modify", "JobType", jobType, "IsActive=false"});
+  EXPECT_EQ(refused.status, 1) << Lines(refused);
+  EXPECT_NE(refused.err.find("brenvale: error 1003 (0x800403EB): XMLModify not allowed [Brenvale: JobType]"),
+            std::string::npos)
+      << Lines(refused);
+
+  Result missing = Tool({"modify", "ToDo", "80000999-1", "IsDone=true"});
+  EXPECT_EQ(missing.status, 1) << Lines(missing);
+  EXPECT_NE(missing.err.find("brenvale: error "), std::string::npos) << Lines(missing);
 }
 
 TEST_F(ToolTest, EveryKindListsOrReportsAnErrorWithoutCrashing) {

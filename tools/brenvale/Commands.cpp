@@ -132,7 +132,8 @@ int RunKinds(const GlobalOptions& g, const std::string& name) {
       return kExitOk;
     }
     std::vector<std::vector<std::string>> rows{{"KIND", "COLLECTION", "FIELDS FOR ADD"}};
-    for (const Kind& k : Kinds()) rows.push_back({k.name, k.plural, AddFieldNames(k.schema())});
+    for (const Kind& k : Kinds())
+      rows.push_back({k.name, k.plural, FieldNames(k.schema(), k.schema().AddOrder())});
     PrintTable(std::cout, rows);
     return kExitOk;
   }
@@ -270,10 +271,11 @@ struct AddOptions {
   std::vector<std::string> fields;
 };
 
-void PrintRecordErrors(std::ostream& err, const Kind& kind, ListRecord& record, ListCollectionBase& c) {
+void PrintRecordErrors(std::ostream& err, const Kind& kind, ListRecord& record, ListCollectionBase& c,
+                       const char* what) {
   const std::string name = record.Name().empty() ? std::string() : " '" + record.FullName() + "'";
-  err << "brenvale: " << kind.name << name << " was not added:\n";
   const zkErrors& errors = record.Errors().Empty() ? c.Errors() : record.Errors();
+  err << "brenvale: " << kind.name << name << " was not " << what << (errors.Empty() ? "\n" : ":\n");
   for (const zkError& e : errors) {
     err << "brenvale:   error " << ErrorNumberText(e.Number());
     if (!e.Field().empty()) err << " in " << e.Field();
@@ -281,21 +283,22 @@ void PrintRecordErrors(std::ostream& err, const Kind& kind, ListRecord& record, 
   }
 }
 
-int RunAdd(const GlobalOptions& g, const AddOptions& o) {
-  const Kind& kind = RequireKind(o.kind);
+// The `Field=Value` arguments as field ids and texts, checked against the kind's fields `among`
+// and against what the library accepts, before anything is opened.
+std::vector<std::pair<FieldId, std::string>> ParseAssignments(const Kind& kind,
+                                                              const std::vector<FieldId>& among,
+                                                              const std::vector<std::string>& assignments) {
   const RecordSchema& schema = kind.schema();
-  if (!kind.addNew) throw UsageError(kind.name + " records cannot be added: QuickBooks only reads them");
-  const std::vector<FieldId> columns = TableColumns(schema, o.fields);
   std::vector<std::pair<FieldId, std::string>> values;
   std::shared_ptr<ListRecord> scratch = kind.scratch();
-  for (const std::string& a : o.assignments) {
+  for (const std::string& a : assignments) {
     const std::size_t eq = a.find('=');
     if (eq == std::string::npos || eq == 0) throw UsageError("expected Field=Value, got '" + a + "'");
     const std::string field = a.substr(0, eq), value = a.substr(eq + 1);
-    const int id = FindAddField(schema, field);
+    const int id = FindField(schema, among, field);
     if (id < 0)
       throw UsageError(kind.name + " has no field '" + field +
-                       "' to set; its fields are: " + AddFieldNames(schema));
+                       "' to set; its fields are: " + FieldNames(schema, among));
     for (const auto& [seen, v] : values)
       if (seen == id) throw UsageError("field " + schema.Field(seen).tag + " is given twice");
     const FieldDef& f = schema.Field(static_cast<FieldId>(id));
@@ -316,22 +319,66 @@ int RunAdd(const GlobalOptions& g, const AddOptions& o) {
     }
     values.emplace_back(f.id, value);
   }
+  return values;
+}
+
+// Commits one record of the master collection; on failure prints the record's errors.
+bool CommitRecord(const Kind& kind, ListCollectionBase& c, ListRecord& record, const char* what) {
+  try {
+    Progress progress("sending the " + kind.name);
+    c.Commit(&record);
+  } catch (const BrenvaleError&) {
+    PrintRecordErrors(std::cerr, kind, record, c, what);
+    throw;
+  }
+  if (record.ObjectState() == zqObjectStateClean) return true;
+  PrintRecordErrors(std::cerr, kind, record, c, what);
+  return false;
+}
+
+int RunAdd(const GlobalOptions& g, const AddOptions& o) {
+  const Kind& kind = RequireKind(o.kind);
+  const RecordSchema& schema = kind.schema();
+  if (!kind.addNew) throw UsageError(kind.name + " records cannot be added: QuickBooks only reads them");
+  const std::vector<FieldId> columns = TableColumns(schema, o.fields);
+  const auto values = ParseAssignments(kind, schema.AddOrder(), o.assignments);
   OpenCompany(g);
   ListCollectionBase& c = kind.master();
   ListRecord& record = kind.addNew();
   for (const auto& [id, value] : values) record.SetFromText(id, value);
-  try {
-    Progress progress("adding a " + kind.name);
-    c.Commit(&record);
-  } catch (const BrenvaleError&) {
-    PrintRecordErrors(std::cerr, kind, record, c);
-    throw;
-  }
-  if (record.ObjectState() != zqObjectStateClean) {
-    PrintRecordErrors(std::cerr, kind, record, c);
-    return kExitLibrary;
-  }
+  if (!CommitRecord(kind, c, record, "added")) return kExitLibrary;
   PrintRecords(std::cout, g.OutputFormat(), schema, {&record}, columns);
+  return kExitOk;
+}
+
+// --- modify --------------------------------------------------------------------------------
+
+struct ModifyOptions {
+  std::string kind;
+  std::string listId;
+  std::vector<std::string> assignments;
+  std::vector<std::string> fields;
+};
+
+int RunModify(const GlobalOptions& g, const ModifyOptions& o) {
+  const Kind& kind = RequireKind(o.kind);
+  const RecordSchema& schema = kind.schema();
+  const std::vector<FieldId> columns = TableColumns(schema, o.fields);
+  // A kind QuickBooks cannot modify takes its add fields, so that the library answers with its refusal.
+  const std::vector<FieldId>& among = schema.ModOrder().empty() ? schema.AddOrder() : schema.ModOrder();
+  const auto values = ParseAssignments(kind, among, o.assignments);
+  OpenCompany(g);
+  ListCollectionBase& c = kind.master();
+  ListRecord* record = nullptr;
+  {
+    Progress progress("reading the " + kind.name);
+    record = c.GetByListID(o.listId);
+  }
+  if (!record)
+    throw ToolFailure(kExitLibrary, "there is no " + kind.name + " with ListID '" + o.listId + "'");
+  for (const auto& [id, value] : values) record->SetFromText(id, value);
+  if (!CommitRecord(kind, c, *record, "changed")) return kExitLibrary;
+  PrintRecords(std::cout, g.OutputFormat(), schema, {record}, columns);
   return kExitOk;
 }
 
@@ -499,6 +546,21 @@ void AddCommands(CLI::App& app, const GlobalOptions& g, Runner& run) {
       "\nThe record is validated by the library first; failures print each error's number and message."
       "\nExample: brenvale add JobType Name=Retrofit Parent=Installation");
   add->callback([&g, &run, ao] { run = [&g, ao] { return RunAdd(g, *ao); }; });
+
+  // modify
+  auto mo = std::make_shared<ModifyOptions>();
+  CLI::App* modify =
+      app.add_subcommand("modify", "Change a record: brenvale modify KIND LISTID Field=Value...");
+  modify->add_option("KIND", mo->kind, "The kind of record (see 'brenvale kinds')")->required();
+  modify->add_option("LISTID", mo->listId, "The record's ListID")->required();
+  modify->add_option("FIELD=VALUE", mo->assignments, "New field values, by qbXML tag")->required();
+  modify->add_option("--fields", mo->fields, "Table columns of the changed record, comma-separated")
+      ->delimiter(',')
+      ->type_name("FIELD,...");
+  modify->footer(std::string(kGlobalsNote) +
+                 "\nThe record is read, changed and sent with its EditSequence; some kinds cannot be modified"
+                 "\nthrough qbXML, and the library says so with its error.");
+  modify->callback([&g, &run, mo] { run = [&g, mo] { return RunModify(g, *mo); }; });
 
   // delete
   auto dopt = std::make_shared<DeleteOptions>();

@@ -84,9 +84,9 @@ const Kind& RequireKind(std::string_view name) {
   throw UsageError("unknown kind '" + std::string(name) + "'; the kinds are: " + KindNames());
 }
 
-int FindAddField(const RecordSchema& schema, std::string_view name) {
+int FindField(const RecordSchema& schema, const std::vector<FieldId>& among, std::string_view name) {
   const std::string wanted = Folded(name);
-  for (FieldId id : schema.AddOrder()) {
+  for (FieldId id : among) {
     std::string tag = Folded(schema.Field(id).tag);
     if (tag == wanted) return id;
     if (schema.Field(id).kind == FieldKind::Ref && tag.size() > 3 && tag.ends_with("ref") &&
@@ -96,9 +96,9 @@ int FindAddField(const RecordSchema& schema, std::string_view name) {
   return -1;
 }
 
-std::string AddFieldNames(const RecordSchema& schema) {
+std::string FieldNames(const RecordSchema& schema, const std::vector<FieldId>& ids) {
   std::string out;
-  for (FieldId id : schema.AddOrder()) out += (out.empty() ? "" : ", ") + schema.Field(id).tag;
+  for (FieldId id : ids) out += (out.empty() ? "" : ", ") + schema.Field(id).tag;
   return out;
 }
 

@@ -35,10 +35,10 @@ const Kind& RequireKind(std::string_view name);
 // "Class, JobType, ..."
 std::string KindNames();
 
-// The field of a kind a user names in `Field=Value` (the qbXML tag in any case; "Parent" for
-// "ParentRef"), among the fields an add request writes; -1 when there is none.
-int FindAddField(const RecordSchema& schema, std::string_view name);
+// The field a user names in `Field=Value` (the qbXML tag in any case; "Parent" for "ParentRef"),
+// among `among` (the fields an add or a modify request writes); -1 when there is none.
+int FindField(const RecordSchema& schema, const std::vector<FieldId>& among, std::string_view name);
 // "Name, IsActive, ParentRef"
-std::string AddFieldNames(const RecordSchema& schema);
+std::string FieldNames(const RecordSchema& schema, const std::vector<FieldId>& ids);
 
 }  // namespace brenvale::tool

@@ -205,6 +205,7 @@ int RunDemo(const GlobalOptions& g) {
       << "  brenvale info\n"
       << "  brenvale list JobType --format json\n"
       << "  brenvale add JobType Name=Retrofit Parent=Installation\n"
+      << "  brenvale modify ToDo LISTID IsDone=true\n"
       << "  brenvale kinds\n"
       << "  brenvale --help\n";
   return kExitOk;

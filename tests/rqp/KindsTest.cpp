@@ -1,5 +1,7 @@
 // Every list kind: added, read back, modified where QuickBooks allows it, and every answer valid
 // against the qbXML schema.
+#include <ostream>
+
 #include "rqp/EngineHarness.hpp"
 
 namespace rqptest {
@@ -9,6 +11,8 @@ struct KindCase {
   std::string add;  // children of the Add body
   std::string mod;  // children of a Mod body, empty when QuickBooks has no Mod
 };
+// Test listings show the kind, not the parameter's bytes.
+void PrintTo(const KindCase& c, std::ostream* os) { *os << c.kind; }
 
 class KindsTest : public EngineTest, public ::testing::WithParamInterface<KindCase> {};
 

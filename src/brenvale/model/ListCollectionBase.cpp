@@ -1,5 +1,7 @@
 #include "brenvale/model/ListCollectionBase.hpp"
 
+#include <unordered_map>
+
 #include "brenvale/core/BrenvaleError.hpp"
 #include "brenvale/core/Enumerations.hpp"
 #include "brenvale/model/Lists.hpp"
@@ -70,11 +72,28 @@ ListRecord& ListCollectionBase::AddRecord(std::shared_ptr<ListRecord> record) {
   return r;
 }
 
-void ListCollectionBase::File(std::shared_ptr<ListRecord> record) {
-  std::string key = record->CollectionKey();
+std::string ListCollectionBase::FreeKeyFor(const ListRecord& record) const {
+  std::string key = record.CollectionKey();
   // A record whose key is taken (or empty) is still held, just not findable by key.
   if (!key.empty() && records_.Exists(key)) key.clear();
+  return key;
+}
+
+void ListCollectionBase::File(std::shared_ptr<ListRecord> record) {
+  std::string key = FreeKeyFor(*record);
   records_.Add(std::move(record), key);
+}
+
+void ListCollectionBase::Refile(const std::shared_ptr<ListRecord>& record, std::size_t pos) {
+  if (!records_.ExistsAt(pos) || records_.At(pos) != record) {
+    pos = 0;
+    for (std::size_t i = 1; i <= records_.Count() && !pos; ++i)
+      if (records_.At(i) == record) pos = i;
+    if (!pos) return;
+  }
+  records_.RemoveAt(pos);
+  std::string key = FreeKeyFor(*record);
+  records_.Add(record, key, pos <= records_.Count() ? std::optional<std::size_t>(pos) : std::nullopt);
 }
 
 bool ListCollectionBase::Validate() {
@@ -248,14 +267,22 @@ Long ListCollectionBase::CommitBatch(ListRecord* member, bool raise, Long* failu
   RequireMaster();
   errors_.Clear();
   // The batch works on its own list of records: validation may load parents into the collection.
-  std::vector<std::pair<Integer, std::shared_ptr<ListRecord>>> batch;
+  // Each entry keeps its request ID (the record's position) and where the collection holds it.
+  struct Sent {
+    Integer index;
+    std::shared_ptr<ListRecord> record;
+    std::size_t position;
+    bool answered = false;
+  };
+  std::vector<Sent> batch;
   if (member) {
-    std::shared_ptr<ListRecord> held;
-    for (auto& r : records_)
-      if (r.get() == member) held = r;
+    std::size_t position = 0;
+    for (std::size_t i = 1; i <= records_.Count() && !position; ++i)
+      if (records_.At(i).get() == member) position = i;
     if (!member->Validate()) errors_.AddCode(1011, "1");
-    if (!held) errors_.AddCode(1022, schema_.Label());
-    if (held && errors_.Count() == 0 && held->ObjectState() != zqObjectStateClean) batch.emplace_back(1, held);
+    if (!position) errors_.AddCode(1022, schema_.Label());
+    if (position && errors_.Count() == 0 && member->ObjectState() != zqObjectStateClean)
+      batch.push_back({1, records_.At(position), position});
   } else {
     std::vector<std::shared_ptr<ListRecord>> all(records_.begin(), records_.end());
     for (std::size_t i = 0; i < all.size(); ++i) {
@@ -264,7 +291,7 @@ Long ListCollectionBase::CommitBatch(ListRecord* member, bool raise, Long* failu
         errors_.AddCode(1011, std::to_string(index));
         continue;
       }
-      if (all[i]->ObjectState() != zqObjectStateClean) batch.emplace_back(index, all[i]);
+      if (all[i]->ObjectState() != zqObjectStateClean) batch.push_back({index, all[i], i + 1});
     }
   }
 
@@ -272,10 +299,13 @@ Long ListCollectionBase::CommitBatch(ListRecord* member, bool raise, Long* failu
   if (!batch.empty()) {
     xmlBldr b;
     b.NewClear();
-    for (auto& [index, record] : batch) {
-      switch (record->ObjectState()) {
-        case zqObjectStateNew: b.InsertAddRq(*record, index); break;
-        case zqObjectStateDirty: b.InsertModRq(*record, index); break;
+    std::unordered_map<Long, std::size_t> byRequestId;
+    for (std::size_t slot = 0; slot < batch.size(); ++slot) {
+      const Sent& s = batch[slot];
+      byRequestId.emplace(s.index, slot);
+      switch (s.record->ObjectState()) {
+        case zqObjectStateNew: b.InsertAddRq(*s.record, s.index); break;
+        case zqObjectStateDirty: b.InsertModRq(*s.record, s.index); break;
         default: Raise(1003, "Brenvale: " + schema_.Label(), "Unknown Object State");
       }
     }
@@ -283,44 +313,32 @@ Long ListCollectionBase::CommitBatch(ListRecord* member, bool raise, Long* failu
     for (DomNode rs : MessagesOf(doc).Children()) {
       if (!rs.IsElement()) continue;
       Long requestId = TextToLong(rs.Attribute("requestID").value_or("0"));
-      std::shared_ptr<ListRecord> record;
-      for (auto& [index, r] : batch)
-        if (index == requestId) record = r;
-      if (!record) continue;
+      auto found = byRequestId.find(requestId);
+      if (found == byRequestId.end()) continue;
+      Sent& sent = batch[found->second];
+      sent.answered = true;
+      ListRecord& record = *sent.record;
       Long status = StatusCodeOf(rs);
+      record.Errors().Clear();
       if (status == 0) {
-        std::string oldKey = record->CollectionKey();
-        record->FromDom(FirstElement(rs));
-        record->Errors().Clear();
+        record.FromDom(FirstElement(rs));
         // Refile under the key QuickBooks' answer gives it.
-        for (std::size_t pos = 1; pos <= records_.Count(); ++pos)
-          if (records_.At(pos) == record) {
-            records_.RemoveAt(pos);
-            std::string key = record->CollectionKey();
-            if (!key.empty() && records_.Exists(key)) key.clear();
-            records_.Add(record, key, pos <= records_.Count() ? std::optional<std::size_t>(pos) : std::nullopt);
-            break;
-          }
+        Refile(sent.record, sent.position);
         ++committed;
       } else {
         errors_.AddCode(1018, std::to_string(requestId));
-        record->Errors().Clear();
         if (status == 3100)
-          record->Errors().AddCode(1017, "Name");
+          record.Errors().AddCode(1017, "Name");
         else
-          record->Errors().AddCode(1001, "", "QuickBooks: " + StatusMessageOf(rs));
+          record.Errors().AddCode(1001, "", "QuickBooks: " + StatusMessageOf(rs));
       }
     }
     // A request QuickBooks never answered counts as failed.
-    for (auto& [index, r] : batch) {
-      bool answered = false;
-      for (DomNode rs : MessagesOf(doc).Children())
-        if (TextToLong(rs.Attribute("requestID").value_or("0")) == index) answered = true;
-      if (!answered) {
-        errors_.AddCode(1018, std::to_string(index));
-        r->Errors().AddCode(1001, "", "QuickBooks: no response to this record");
+    for (const Sent& s : batch)
+      if (!s.answered) {
+        errors_.AddCode(1018, std::to_string(s.index));
+        s.record->Errors().AddCode(1001, "", "QuickBooks: no response to this record");
       }
-    }
     LinkChildren();
   }
   if (failures) *failures = errors_.Count();

@@ -81,7 +81,11 @@ class ListCollectionBase : public zkList {
   virtual std::string DeleteTypeName(const ListRecord* record) const;
 
  private:
+  // The key a record can be filed under here: its CollectionKey, or none when that is taken.
+  std::string FreeKeyFor(const ListRecord& record) const;
   void File(std::shared_ptr<ListRecord> record);
+  // Files a record again at its position (where it was expected to be) under its current key.
+  void Refile(const std::shared_ptr<ListRecord>& record, std::size_t position);
   Long CommitBatch(ListRecord* member, bool raise, Long* failures);
   void LinkChildren();
 

@@ -66,6 +66,8 @@ struct Status {
   pugi::xml_node node;
 };
 
+inline std::string Text(pugi::xml_node n, const char* path);
+
 class EngineTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -125,6 +127,13 @@ class EngineTest : public ::testing::Test {
     EXPECT_EQ(all.size(), 1u);
     return all.empty() ? Status{} : all.front();
   }
+
+  // A modify request of `kind` for the record `ret`, carrying its ListID and EditSequence.
+  Status Mod(const std::string& kind, pugi::xml_node ret, const std::string& body) {
+    return One("<" + kind + "ModRq><" + kind + "Mod><ListID>" + Text(ret, "ListID") + "</ListID><EditSequence>" +
+               Text(ret, "EditSequence") + "</EditSequence>" + body + "</" + kind + "Mod></" + kind + "ModRq>");
+  }
+
 
   // Adds a record of `kind` from the children of its Add body; returns its Ret element.
   pugi::xml_node Add(const std::string& kind, const std::string& body) {

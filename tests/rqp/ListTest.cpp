@@ -8,10 +8,6 @@ namespace rqptest {
 
 class ListTest : public EngineTest {
  protected:
-  Status Mod(const std::string& kind, pugi::xml_node ret, const std::string& body) {
-    return One("<" + kind + "ModRq><" + kind + "Mod><ListID>" + Text(ret, "ListID") + "</ListID><EditSequence>" +
-               Text(ret, "EditSequence") + "</EditSequence>" + body + "</" + kind + "Mod></" + kind + "ModRq>");
-  }
   Status ById(const std::string& kind, const std::string& id) {
     return One("<" + kind + "QueryRq><ListID>" + id + "</ListID></" + kind + "QueryRq>");
   }

@@ -6,10 +6,6 @@ namespace rqptest {
 
 class RulesTest : public EngineTest {
  protected:
-  Status Mod(const std::string& kind, pugi::xml_node ret, const std::string& body) {
-    return One("<" + kind + "ModRq><" + kind + "Mod><ListID>" + Text(ret, "ListID") + "</ListID><EditSequence>" +
-               Text(ret, "EditSequence") + "</EditSequence>" + body + "</" + kind + "Mod></" + kind + "ModRq>");
-  }
   std::vector<std::string> Names(const Status& s) {
     std::vector<std::string> out;
     for (auto ret : s.node.children()) out.push_back(ret.child("Name").text().get());

@@ -231,14 +231,7 @@ std::string DateTimeText(std::int64_t t) {
   return std::string(buf) + zone;
 }
 
-std::string DateText(std::int64_t t) {
-  std::time_t tt = static_cast<std::time_t>(t);
-  std::tm local{};
-  localtime_r(&tt, &local);
-  char buf[16];
-  std::strftime(buf, sizeof buf, "%Y-%m-%d", &local);
-  return buf;
-}
+std::string DateText(std::int64_t t) { return DateTimeText(t).substr(0, 10); }
 
 std::int64_t ParseDateTime(std::string_view text, bool endOfDay) {
   int y = 0, mo = 0, d = 0, h = 0, mi = 0, s = 0, oh = 0, om = 0;

@@ -351,9 +351,10 @@ Long ListCollectionBase::CommitBatch(ListRecord* member, bool raise, Long* failu
 std::string ListCollectionBase::DeleteTypeName(const ListRecord*) const { return schema_.XmlName(); }
 
 Long ListCollectionBase::Delete(const std::string& ListID, bool bRemove) {
-  ListRecord* held = nullptr;
-  for (auto& r : records_)
-    if (r->ListID() == ListID) held = r.get();
+  std::size_t heldAt = 0;
+  for (std::size_t pos = 1; pos <= records_.Count() && !heldAt; ++pos)
+    if (records_.At(pos)->ListID() == ListID) heldAt = pos;
+  const ListRecord* held = heldAt ? records_.At(heldAt).get() : nullptr;
   xmlBldr b;
   b.NewClear();
   b.OpenAggregate("ListDelRq", "requestID", "1");
@@ -366,13 +367,7 @@ Long ListCollectionBase::Delete(const std::string& ListID, bool bRemove) {
   if (status != 0)
     Raise(1026, schema_.CollectionLabel(),
           rs.IsNull() ? "QuickBooks gave no answer" : "QuickBooks: " + StatusMessageOf(rs));
-  if (bRemove && held) {
-    for (std::size_t pos = 1; pos <= records_.Count(); ++pos)
-      if (records_.At(pos).get() == held) {
-        records_.RemoveAt(pos);
-        break;
-      }
-  }
+  if (bRemove && heldAt) records_.RemoveAt(heldAt);
   return status;
 }
 

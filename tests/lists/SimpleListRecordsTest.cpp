@@ -334,7 +334,7 @@ class SimpleListKinds : public ListsTest, public ::testing::WithParamInterface<K
   void SetUp() override {
     ListsTest::SetUp();
     // The parent the hierarchical kinds name is held by each master collection.
-    Company& c = TheCompany();
+    MasterCollections& c = TheMasterCollections();
     for (ListCollectionBase* m : std::initializer_list<ListCollectionBase*>{&c.JobTypes(), &c.VendorTypes(),
                                                                             &c.Classes(), &c.CustomerTypes()})
       m->Clear();

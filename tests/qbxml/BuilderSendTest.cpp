@@ -212,6 +212,10 @@ TEST_F(BuilderSend, OnlineResponsesLoseTheirDoctype) {
   b.NewClear();
   EXPECT_EQ(b.GetXML(), "<QBXML>" + kEnvelope);  // nothing in front of the root
   DomDocument doc = b.NewSendRequest();
+  // The declaration and the online DOCTYPE are put in on the way out.
+  EXPECT_EQ(rqp->exchanges.back().request,
+            "<?xml version=\"1.0\" ?><!DOCTYPE QBXML PUBLIC \"-//INTUIT//DTD QBXML QBO 2.0//EN\" "
+            "\"http://apps.quickbooks.com/qbXML/qbxmlops20.dtd\"><QBXML>" + kEnvelope + "</QBXMLMsgsRq></QBXML>");
   EXPECT_EQ(b.ErrNumber(), 1);
   EXPECT_EQ(b.ErrMsg(), "No match");
   EXPECT_EQ(doc.Child(1).BaseName(), "QBXML");

@@ -64,7 +64,8 @@ Long ListCollectionBase::Query(Long maxReturned, std::uint8_t needs, const Query
   const std::string rq = std::string(Decl().xmlName) + "QueryRq";
   const Long page = IteratorPageSize;
   const bool filtered = (needs & kQueryFilters) || !filters;
-  const bool iterate = Facts().iterates && CurrentSession().qbXMLVersionNumber >= Currency(5) &&
+  // Only a query of the filtered form pages (one by ListID or FullName takes no MaxReturned).
+  const bool iterate = Facts().iterates && filtered && CurrentSession().qbXMLVersionNumber >= Currency(5) &&
                        (maxReturned <= 0 || maxReturned > page);
   auto send = [&](std::string_view iterator, const std::string& iteratorId, Long max, DomDocument& doc) {
     xmlBldr b;

@@ -394,6 +394,10 @@ bool RecordCore::Validate() {
 
 bool RecordCore::Validate(ValidateContext& context) {
   if (state_ == zqObjectStateClean) return true;
+  return ValidateValues(context);
+}
+
+bool RecordCore::ValidateValues(ValidateContext& context) {
   zkErrors& errors = Errors();
   errors.Clear();
   std::bitset<256> failed;  // one entry per field: the first of its rules that fails
@@ -478,7 +482,7 @@ std::string RecordCore::ValueText(FieldId id) const {
     case ValueKind::Int: return std::to_string(static_cast<std::int64_t>(s->bits));
     case ValueKind::Amount: return AmountToText(Amount(id));
     case ValueKind::Price: return PriceToText(DoubleOf(s->bits));
-    case ValueKind::Quantity: return QuantityToText(DoubleOf(s->bits));
+    case ValueKind::Quantity: return QuantityToRequestText(DoubleOf(s->bits));
     case ValueKind::Date: return DateValue(id).IsNull() ? std::string() : DateToText(DateValue(id));
     case ValueKind::DateTime: return DateValue(id).IsNull() ? std::string() : DateTimeToText(DateValue(id));
     case ValueKind::Enum: {

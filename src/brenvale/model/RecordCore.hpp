@@ -67,6 +67,8 @@ class RecordCore {
   // Runs the declared rules in order (a Clean record passes untested); returns whether none failed.
   bool Validate();
   bool Validate(ValidateContext& context);
+  // Runs the rules whatever the record's state: the checks of a nested record, run by its owner.
+  bool ValidateValues(ValidateContext& context);
   // The names the rules will look up, for a batch to fetch them at once before validating.
   template <class F>
   void ForEachReference(F&& visit) const;

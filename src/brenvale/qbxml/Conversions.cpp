@@ -185,6 +185,10 @@ std::string QuantityToText(double value) {
   return detail::FormatFixed(value, FixedPattern{1, 6, false, HalfRounding::AwayFromZero});
 }
 
+std::string QuantityToRequestText(double value) {
+  return detail::FormatFixed(value, FixedPattern{1, 5, false, HalfRounding::AwayFromZero});
+}
+
 std::string FourDecimalToText(double value) {
   return detail::FormatFixed(value, FixedPattern{7, 4, false, HalfRounding::AwayFromZero});
 }

@@ -23,6 +23,9 @@ std::string AmountToText(Currency amount);
 std::string AmountToText(double amount);
 std::string PriceToText(double value);
 std::string QuantityToText(double value);
+// A quantity as a request carries it: at most five decimals ("2.00000"). QuickBooks' QUANTYPE takes
+// no more than five, so the six of QuantityToText would have the whole document refused.
+std::string QuantityToRequestText(double value);
 std::string FourDecimalToText(double value);
 std::string DisplayAmountToText(double value);
 

@@ -148,7 +148,7 @@ TEST_F(Records, AnAggregateTakesItsModifyTagAndAChoiceHoldsOneValue) {
   item.XMLModify(b);
   // The modify form of the block: its own tag, and no account.
   EXPECT_EQ(b.GetXML(),
-            "<ListID>8-1</ListID><EditSequence>5</EditSequence><Name>Design</Name><IsActive>true</IsActive>"
+            "<ListID>8-1</ListID><EditSequence>5</EditSequence><Name>Design</Name>"
             "<SalesOrPurchaseMod><Desc>Design work</Desc><Price>0000081.00000</Price></SalesOrPurchaseMod>");
 }
 

@@ -5,7 +5,8 @@
 namespace brenvale {
 namespace {
 struct F {
-  static constexpr FieldDef IsTaxable = field::Bool("IsTaxable");
+  // QuickBooks requires it in an add: a new code is not taxable until said so.
+  static constexpr FieldDef IsTaxable = field::Bool("IsTaxable").Default(false);
   static constexpr FieldDef Desc = field::Text("Desc");
 };
 constexpr auto kFields = ListFields(F::IsTaxable, F::Desc);
@@ -26,8 +27,7 @@ constexpr RecordDecl kDecl{.label = "SalesTaxCode",
 
 const RecordDecl& SalesTaxCode::Declaration() { return kDecl; }
 
-// QuickBooks requires IsTaxable in an add: a new code is not taxable until said so.
-SalesTaxCode::SalesTaxCode() : ListRecord(kDecl) { Preset(kFields.Id(F::IsTaxable), false); }
+SalesTaxCode::SalesTaxCode() : ListRecord(kDecl) {}
 
 bool SalesTaxCode::IsTaxable() const { return Bool(kFields.Id(F::IsTaxable)); }
 void SalesTaxCode::IsTaxable(bool value) { SetBool(kFields.Id(F::IsTaxable), value); }

@@ -104,23 +104,25 @@ void CollectionCore::ClearRecords() {
 
 Long CollectionCore::Fill(const ResponseView::Response& response) {
   lastRead_.clear();
+  index_.Reserve(entries_.size() + 64);
   std::size_t slots = 0, text = 0;  // what the last record needed: the next one gets room for as much
   for (DomNode ret : response.Rets()) {
     std::shared_ptr<RecordCore> record = MakeRecord(ret.BaseName());
     if (!record) continue;
-    record->ReserveValues(slots, text);
+    record->ReserveValues(slots + 2, text + text / 4 + 16);
     record->ReadFrom(ret);
     slots = record->SlotCount();
     text = record->TextBytes();
     lastRead_.push_back(record.get());
     const KeyParts key = record->CollectionKeyParts();
-    const std::size_t held = key.Empty() ? 0 : Find(key, RecordIndex::Hash(key));
+    const std::uint64_t hash = RecordIndex::Hash(key);
+    const std::size_t held = key.Empty() ? 0 : Find(key, hash);
     if (held) {
       entries_[held - 1].record = std::move(record);
-    } else {
-      entries_.push_back(Entry{std::move(record)});
-      Key(entries_.size());
+      continue;
     }
+    entries_.push_back(Entry{std::move(record), hash, !key.Empty()});
+    if (!key.Empty()) index_.Insert(hash, static_cast<std::uint32_t>(entries_.size()));
   }
   return static_cast<Long>(lastRead_.size());
 }

@@ -60,6 +60,7 @@ struct FieldDef {
   zqEnumListType refList = zqListTypeNone;    // Ref: the list referred to (none: the record's own)
   std::uint8_t choice = 0;                    // fields of one non-zero choice: one of them holds a value
   WriteGate gate = nullptr;                   // when set, the field is written only where it says so
+  std::int8_t boolDefault = -1;               // Bool: the value while unset (0, 1), also written in an add
 
   // --- modifiers, so that a declaration reads as a sentence --------------------------------------
   constexpr FieldDef Since(int major, int minor) const {
@@ -88,6 +89,14 @@ struct FieldDef {
   constexpr FieldDef When(WriteGate condition) const {
     FieldDef f = *this;
     f.gate = condition;
+    return f;
+  }
+  // A flag's value while it is unset, written in an add request all the same (QuickBooks needs some
+  // flags in every add: a new record is active unless said otherwise).
+  constexpr FieldDef Default(bool value) const {
+    if (kind != ValueKind::Bool) throw "only a flag has a default";
+    FieldDef f = *this;
+    f.boolDefault = value ? 1 : 0;
     return f;
   }
 };

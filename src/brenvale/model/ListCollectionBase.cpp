@@ -35,7 +35,7 @@ void ListCollectionBase::Remove(std::size_t position) {
 
 void ListCollectionBase::AfterChange() {
   if (!Facts().hierarchical) return;
-  for (std::size_t i = 1; i <= Size(); ++i) Item(i).Children().Clear();
+  for (std::size_t i = 1; i <= Size(); ++i) Item(i).ClearChildren();
   for (std::size_t i = 1; i <= Size(); ++i) {
     ListRecord& r = Item(i);
     const std::string parent = r.Parent();

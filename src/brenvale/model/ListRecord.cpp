@@ -14,7 +14,7 @@ void WriteRequestBody(const RecordCore& record, xmlBldr& b, const WriteContext& 
   record.WriteBody(b, context);
 }
 
-ListRecord::ListRecord(const RecordDecl& decl) : RecordCore(decl) { Preset(kIsActive, true); }
+ListRecord::ListRecord(const RecordDecl& decl) : RecordCore(decl) {}
 
 ListRecord::~ListRecord() = default;
 

@@ -22,7 +22,7 @@ struct ListBase {
   static constexpr FieldDef EditSequence = field::Text("EditSequence");
   static constexpr FieldDef Name = field::Text("Name");
   static constexpr FieldDef FullName = field::Text("FullName");
-  static constexpr FieldDef IsActive = field::Bool("IsActive");
+  static constexpr FieldDef IsActive = field::Bool("IsActive").Default(true);
   static constexpr FieldDef ParentRef = field::OwnRef("ParentRef");
   static constexpr FieldDef Sublevel = field::Int("Sublevel");
 };
@@ -107,6 +107,8 @@ class ListRecord : public RecordCore, public zkBase, public zkListObject {
   bool SupportsChildren() const override { return Facts().hierarchical; }
   std::string Parent() const override { return std::string(RefFullName(kParentRef)); }
   zkListObjectRefs& Children() override;
+  // Forgets the children's references (kept only for records that have children).
+  void ClearChildren() { children_.reset(); }
   std::string FullName() const override;
   Integer Sublevel() const override { return static_cast<Integer>(Int(kSublevel)); }
   zqEnumObjectState ObjectState() const override { return RecordCore::ObjectState(); }
@@ -115,7 +117,7 @@ class ListRecord : public RecordCore, public zkBase, public zkListObject {
 
   // --- what every list record offers -----------------------------------------------------------
   void Name(std::string_view value) { SetText(Facts().nameField, value); }
-  bool IsActive() const { return Bool(kIsActive, true); }
+  bool IsActive() const { return Bool(kIsActive); }
   void IsActive(bool value) { SetBool(kIsActive, value); }
   Date TimeCreated() const { return DateValue(kTimeCreated); }
   Date TimeModified() const { return DateValue(kTimeModified); }

@@ -104,6 +104,7 @@ class RecordCore {
   // --- typed access for the record classes' accessors --------------------------------------------
   std::string_view TextView(FieldId id) const;
   std::string Text(FieldId id) const { return std::string(TextView(id)); }
+  // A flag; while unset, its declared default (else `fallback`).
   bool Bool(FieldId id, bool fallback = false) const;
   std::int64_t Int(FieldId id) const;
   Currency Amount(FieldId id) const;
@@ -129,8 +130,6 @@ class RecordCore {
   void SetRef(FieldId id, const zkListObjectRef& ref);
   // Takes a field out of the record, through the setter rules.
   void Unset(FieldId id);
-  // A value set without the hook and without marking it changed (defaults of a new record).
-  void Preset(FieldId id, bool value);
 
   // The hook run before every set; the default is the state rule.
   virtual void BeforeSet(FieldId id);

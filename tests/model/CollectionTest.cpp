@@ -85,7 +85,12 @@ TEST_F(Collections, ACommittedRecordIsFiledAgainWhereItStands) {
   ToDoList todos(true);
   for (int i = 1; i <= 5; ++i) todos.Add("Call " + std::to_string(i));
   EXPECT_FALSE(todos.ItemExists("T3"));  // filed by ListID: none yet
+  // A batch larger than a message goes as several, one after the other.
+  const std::size_t saved = CollectionCore::CommitMessageSize;
+  CollectionCore::CommitMessageSize = 2;
   EXPECT_EQ(todos.Commit(), 5);
+  CollectionCore::CommitMessageSize = saved;
+  EXPECT_EQ(p->requests.size(), 3u);
   for (int i = 1; i <= 5; ++i) {
     ASSERT_TRUE(todos.ItemExists("T" + std::to_string(i)));
     EXPECT_EQ(todos.Item("T" + std::to_string(i)).Notes(), "Call " + std::to_string(i));

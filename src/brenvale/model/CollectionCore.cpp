@@ -10,6 +10,8 @@
 
 namespace brenvale {
 
+std::size_t CollectionCore::CommitMessageSize = 500;
+
 CollectionCore::~CollectionCore() = default;
 
 void CollectionCore::RequireMaster() const {
@@ -136,6 +138,68 @@ ResponseView::Response CollectionCore::SendOne(xmlBldr& b, DomDocument& keep, st
 
 // --- commit ---------------------------------------------------------------------------------------
 
+Long CollectionCore::SendBatch(const std::vector<std::size_t>& batch, bool single) {
+  const WriteContext add = WriteContext::OfSession(Form::Add);
+  const WriteContext mod = add.As(Form::Mod);
+  const std::string name(decl_->xmlName);
+  xmlBldr b;
+  b.NewClear();
+  for (std::size_t position : batch) {
+    const RecordCore& r = *entries_[position - 1].record;
+    const bool isNew = r.ObjectState() == zqObjectStateNew;
+    if (!isNew && r.ObjectState() != zqObjectStateDirty)
+      Raise(1003, "Brenvale: " + std::string(decl_->label), "Unknown Object State");
+    const std::string id = std::to_string(single ? 1 : position);
+    const std::string rq = name + (isNew ? "AddRq" : "ModRq");
+    const std::string body = name + (isNew ? "Add" : "Mod");
+    b.OpenAggregate(rq, "requestID", id);
+    b.OpenAggregateOnly(body);
+    WriteRequestBody(r, b, isNew ? add : mod);
+    b.EndAggregate(body);
+    b.EndAggregate(rq);
+  }
+  DomDocument doc = b.NewSendRequest();
+  // Which of the batch each request ID stands for (IDs are positions, or 1 for a single member).
+  std::vector<char> answered(batch.size(), 0);
+  auto slotOf = [&](Long requestId) -> std::size_t {
+    if (single) return requestId == 1 ? 0 : batch.size();
+    auto it = std::lower_bound(batch.begin(), batch.end(), static_cast<std::size_t>(requestId));
+    return it != batch.end() && *it == static_cast<std::size_t>(requestId) ? static_cast<std::size_t>(it - batch.begin())
+                                                                           : batch.size();
+  };
+  Long committed = 0;
+  for (ResponseView::Response rs : ResponseView(doc)) {
+    const Long requestId = rs.RequestNumber();
+    const std::size_t slot = slotOf(requestId);
+    if (slot == batch.size() || answered[slot]) continue;
+    answered[slot] = 1;
+    const std::size_t position = batch[slot];
+    RecordCore& record = *entries_[position - 1].record;
+    record.Errors().Clear();
+    const Long status = rs.StatusCode();
+    if (status == 0) {
+      record.ReadFrom(rs.FirstRet());
+      // QuickBooks' answer may give it a new key (a ListID, a full name): filed again in place.
+      Unkey(position);
+      Key(position);
+      ++committed;
+    } else {
+      errors_.AddCode(1018, std::to_string(requestId));
+      if (status == 3100)
+        record.Errors().AddCode(1017, "Name");
+      else
+        record.Errors().AddCode(1001, "", "QuickBooks: " + rs.Message());
+    }
+  }
+  // A request QuickBooks never answered counts as failed.
+  for (std::size_t slot = 0; slot < batch.size(); ++slot)
+    if (!answered[slot]) {
+      errors_.AddCode(1018, std::to_string(single ? 1 : batch[slot]));
+      entries_[batch[slot] - 1].record->Errors().AddCode(1001, "", "QuickBooks: no response to this record");
+    }
+  return committed;
+}
+
 bool CollectionCore::ValidateAll() {
   errors_.Clear();
   RefCache& refs = TheRefCache();
@@ -186,65 +250,18 @@ Long CollectionCore::CommitBatch(RecordCore* member, bool raise, Long* failures)
     }
   }
 
+  // A kind QuickBooks cannot modify refuses a changed record before anything of the batch is sent.
+  if (!decl_->modRefusal.empty())
+    for (std::size_t position : batch)
+      if (entries_[position - 1].record->ObjectState() == zqObjectStateDirty)
+        Raise(1003, "Brenvale: " + std::string(decl_->label), decl_->modRefusal);
   Long committed = 0;
+  for (std::size_t from = 0; from < batch.size(); from += CommitMessageSize) {
+    const std::vector<std::size_t> part(batch.begin() + static_cast<std::ptrdiff_t>(from),
+                                        batch.begin() + static_cast<std::ptrdiff_t>(std::min(batch.size(), from + CommitMessageSize)));
+    committed += SendBatch(part, member != nullptr);
+  }
   if (!batch.empty()) {
-    const WriteContext add = WriteContext::OfSession(Form::Add);
-    const WriteContext mod = add.As(Form::Mod);
-    const std::string name(decl_->xmlName);
-    xmlBldr b;
-    b.NewClear();
-    for (std::size_t position : batch) {
-      const RecordCore& r = *entries_[position - 1].record;
-      const bool isNew = r.ObjectState() == zqObjectStateNew;
-      if (!isNew && r.ObjectState() != zqObjectStateDirty)
-        Raise(1003, "Brenvale: " + std::string(decl_->label), "Unknown Object State");
-      const std::string id = std::to_string(member ? 1 : position);
-      const std::string rq = name + (isNew ? "AddRq" : "ModRq");
-      const std::string body = name + (isNew ? "Add" : "Mod");
-      b.OpenAggregate(rq, "requestID", id);
-      b.OpenAggregateOnly(body);
-      WriteRequestBody(r, b, isNew ? add : mod);
-      b.EndAggregate(body);
-      b.EndAggregate(rq);
-    }
-    DomDocument doc = b.NewSendRequest();
-    // Which of the batch each request ID stands for (IDs are positions, or 1 for a single member).
-    std::vector<char> answered(batch.size(), 0);
-    auto slotOf = [&](Long requestId) -> std::size_t {
-      if (member) return requestId == 1 ? 0 : batch.size();
-      auto it = std::lower_bound(batch.begin(), batch.end(), static_cast<std::size_t>(requestId));
-      return it != batch.end() && *it == static_cast<std::size_t>(requestId) ? static_cast<std::size_t>(it - batch.begin())
-                                                                             : batch.size();
-    };
-    for (ResponseView::Response rs : ResponseView(doc)) {
-      const Long requestId = rs.RequestNumber();
-      const std::size_t slot = slotOf(requestId);
-      if (slot == batch.size() || answered[slot]) continue;
-      answered[slot] = 1;
-      const std::size_t position = batch[slot];
-      RecordCore& record = *entries_[position - 1].record;
-      record.Errors().Clear();
-      const Long status = rs.StatusCode();
-      if (status == 0) {
-        record.ReadFrom(rs.FirstRet());
-        // QuickBooks' answer may give it a new key (a ListID, a full name): filed again in place.
-        Unkey(position);
-        Key(position);
-        ++committed;
-      } else {
-        errors_.AddCode(1018, std::to_string(requestId));
-        if (status == 3100)
-          record.Errors().AddCode(1017, "Name");
-        else
-          record.Errors().AddCode(1001, "", "QuickBooks: " + rs.Message());
-      }
-    }
-    // A request QuickBooks never answered counts as failed.
-    for (std::size_t slot = 0; slot < batch.size(); ++slot)
-      if (!answered[slot]) {
-        errors_.AddCode(1018, std::to_string(member ? 1 : batch[slot]));
-        entries_[batch[slot] - 1].record->Errors().AddCode(1001, "", "QuickBooks: no response to this record");
-      }
     if (CommitList() != zqListTypeNone) refs.ForgetMissing(CommitList());
     AfterChange();
   }

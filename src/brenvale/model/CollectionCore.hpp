@@ -51,6 +51,11 @@ class CollectionCore {
   // The class label of the collection's raised errors and entries.
   virtual std::string_view CollectionLabel() const { return decl_->label; }
 
+  // Requests per message of a commit. A batch larger than this goes as several messages, one after
+  // the other: QuickBooks runs a message as one transaction, and a very large one takes longer than
+  // its parts; if an exchange fails, what the earlier messages committed stays committed.
+  static std::size_t CommitMessageSize;
+
  protected:
   // A new record for a returned element of that name; null when the element is not one of ours.
   virtual std::shared_ptr<RecordCore> MakeRecord(std::string_view retName) = 0;
@@ -86,6 +91,8 @@ class CollectionCore {
     std::uint64_t hash = 0;
     bool keyed = false;
   };
+  // Sends the records at these positions (request IDs) in one message and reads the answers.
+  Long SendBatch(const std::vector<std::size_t>& batch, bool single);
   // Files entry `position` under its record's current key, unless the key is empty or taken.
   void Key(std::size_t position);
   std::size_t Find(const KeyParts& key, std::uint64_t hash) const;

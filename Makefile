@@ -2,8 +2,8 @@
 #   make demo   installs what is missing, builds, and runs the brenvale tool's demo on a company file
 #   make test   installs what is missing, builds, and runs every test
 BUILD ?= build
-PACKAGES = cmake ninja-build g++ pkg-config libpugixml-dev libsqlite3-dev libgtest-dev libgmock-dev \
-           libbenchmark-dev libcli11-dev libxml2-dev libxml2-utils
+PACKAGES = cmake ninja-build g++ clang libclang-rt-dev pkg-config libpugixml-dev libsqlite3-dev libgtest-dev \
+           libgmock-dev libbenchmark-dev libcli11-dev libxml2-dev libxml2-utils
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 

@@ -456,6 +456,22 @@ TEST_F(SimpleListRules, WageTypeRefusesUnknownCodes) {
   EXPECT_EQ(w.WageType(), qbEnumWageType{});
 }
 
+// A wage type is read as QuickBooks writes it and with blanks; it is written as QuickBooks takes it.
+TEST_F(SimpleListRules, WageTypeIsReadWithOrWithoutBlanksAndWrittenWithout) {
+  for (const char* text : {"SalaryRegular", "Salary Regular"}) {
+    PayrollItemWage w;
+    w.FromDom(DomDocument::Load(std::string("<PayrollItemWageRet><Name>S</Name><WageType>") + text +
+                                "</WageType></PayrollItemWageRet>")
+                  .DocumentElement());
+    EXPECT_EQ(w.WageType(), qbWageTypeSalaryRegular) << text;
+    w.Name("T");
+    w.ExpenseAccountRef("Wages");
+    xmlBldr b;
+    w.XMLInsert(b);
+    EXPECT_NE(b.GetXML().find("<WageType>SalaryRegular</WageType>"), std::string::npos) << b.GetXML();
+  }
+}
+
 TEST_F(SimpleListRules, CustomerMessageCollectionSpeaksAsCustomerMsg) {
   CustomerMessages notMaster(false);
   BrenvaleError e = RaisedBy([&] { notMaster.Add("Thanks"); });

@@ -38,6 +38,11 @@ struct Compiled {
     if (parser) xmlSchemaFreeParserCtxt(parser);
     if (!schema) problem = "the schema at " + entry + " does not load";
   }
+  ~Compiled() {
+    if (schema) xmlSchemaFree(schema);
+  }
+  Compiled(const Compiled&) = delete;
+  Compiled& operator=(const Compiled&) = delete;
 };
 
 Compiled& Schema() {
@@ -71,6 +76,11 @@ struct Declarations {
       }
     }
   }
+  ~Declarations() {
+    for (xmlDocPtr doc : docs) xmlFreeDoc(doc);
+  }
+  Declarations(const Declarations&) = delete;
+  Declarations& operator=(const Declarations&) = delete;
   // The children of a declaration node, flattened.
   void Flatten(xmlNode* node, std::vector<std::string>& out) const {
     for (xmlNode* c = node->children; c; c = c->next) {

@@ -16,6 +16,7 @@
 #include "brenvale/core/Enumerations.hpp"
 #include "brenvale/qbxml/Conversions.hpp"
 #include "brenvale/qbxml/Dom.hpp"
+#include "brenvale/qbxml/ResponseView.hpp"
 #include "brenvale/qbxml/xmlBldr.hpp"
 
 namespace brenvale::tool {
@@ -453,16 +454,12 @@ std::string ReadRequest(const std::string& file) {
 bool ReportFailedResponses(const DomDocument& doc) {
   constexpr int kShown = 10;
   int failed = 0;
-  for (DomNode messages : doc.DocumentElement().Children()) {
-    if (!messages.IsElement()) continue;
-    for (DomNode rs : messages.Children()) {
-      if (!rs.IsElement() || rs.Attribute("statusSeverity").value_or("") != "Error") continue;
-      if (++failed > kShown) continue;
-      std::cerr << "brenvale: " << rs.BaseName();
-      if (auto id = rs.Attribute("requestID")) std::cerr << " (requestID " << *id << ")";
-      std::cerr << ": status " << rs.Attribute("statusCode").value_or("?") << ": "
-                << rs.Attribute("statusMessage").value_or("") << "\n";
-    }
+  for (ResponseView::Response rs : ResponseView(doc)) {
+    if (rs.Severity() != "Error") continue;
+    if (++failed > kShown) continue;
+    std::cerr << "brenvale: " << rs.Name();
+    if (auto id = rs.RequestID()) std::cerr << " (requestID " << *id << ")";
+    std::cerr << ": status " << rs.Node().Attribute("statusCode").value_or("?") << ": " << rs.StatusMessage() << "\n";
   }
   if (failed > kShown)
     std::cerr << "brenvale: ... and " << failed - kShown << " more responses with severity Error\n";

@@ -44,39 +44,37 @@ class ResponseView {
     std::string IteratorID() const { return node_.Attribute("iteratorID").value_or(""); }
 
     // The returned elements, in order (the Ret elements of a query, the record of an add).
+    class RetRange {
+     public:
+      explicit RetRange(DomNode parent) : parent_(parent) {}
+      class iterator {
+       public:
+        explicit iterator(DomNode n) : n_(Skip(n)) {}
+        DomNode operator*() const { return n_; }
+        iterator& operator++() {
+          n_ = Skip(n_.NextSibling());
+          return *this;
+        }
+        bool operator==(const iterator& o) const { return n_.Raw() == o.n_.Raw(); }
+
+       private:
+        static DomNode Skip(DomNode n) {
+          while (n && !n.IsElement()) n = n.NextSibling();
+          return n;
+        }
+        DomNode n_;
+      };
+      iterator begin() const { return iterator(parent_.FirstChild()); }
+      iterator end() const { return iterator(DomNode()); }
+
+     private:
+      DomNode parent_;
+    };
     DomNode FirstRet() const;
-    class RetRange;
-    RetRange Rets() const;
+    RetRange Rets() const { return RetRange(node_); }
 
    private:
     DomNode node_;
-  };
-
-  class Response::RetRange {
-   public:
-    explicit RetRange(DomNode parent) : parent_(parent) {}
-    class iterator {
-     public:
-      explicit iterator(DomNode n) : n_(Skip(n)) {}
-      DomNode operator*() const { return n_; }
-      iterator& operator++() {
-        n_ = Skip(n_.NextSibling());
-        return *this;
-      }
-      bool operator==(const iterator& o) const { return n_.Raw() == o.n_.Raw(); }
-
-     private:
-      static DomNode Skip(DomNode n) {
-        while (n && !n.IsElement()) n = n.NextSibling();
-        return n;
-      }
-      DomNode n_;
-    };
-    iterator begin() const { return iterator(parent_.FirstChild()); }
-    iterator end() const { return iterator(DomNode()); }
-
-   private:
-    DomNode parent_;
   };
 
   // The responses of a document: the children of its messages aggregate ("QBXMLMsgsRs", or
@@ -108,7 +106,5 @@ class ResponseView {
  private:
   DomNode messages_;
 };
-
-inline ResponseView::Response::RetRange ResponseView::Response::Rets() const { return RetRange(node_); }
 
 }  // namespace brenvale

@@ -6,16 +6,13 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <new>
 #include <pugixml.hpp>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "BenchSupport.hpp"
 #include "brenvale/Brenvale.hpp"
 #include "brenvale/qbxml/Session.hpp"
 #include "model/TestKinds.hpp"
@@ -60,45 +57,16 @@ constexpr int kCustomers = 10000;
 
 // The generator's 10,000-customer response.
 const std::string& CustomerResponse() {
-  static const std::string response = [] {
-    std::string dir = (std::filesystem::temp_directory_path() / "brenvale-bench-XXXXXX").string();
-    if (!mkdtemp(dir.data())) throw std::runtime_error("cannot make a temporary folder");
-    const std::string command = "python3 '" BRENVALE_BENCH_GEN "' --customers " + std::to_string(kCustomers) +
-                                " --invoices 1 --lines 1 --out '" + dir + "' > /dev/null";
-    const int status = std::system(command.c_str());
-    std::ifstream in(std::filesystem::path(dir) / "customers.xml", std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    std::filesystem::remove_all(dir);
-    if (status != 0 || text.empty()) throw std::runtime_error("the bench generator failed: " + command);
-    return text;
-  }();
+  static const std::string response = bench::GeneratedCustomers(kCustomers);
   return response;
 }
-
-// Answers every request with the customer response.
-class CannedProcessor : public IRequestProcessor {
- public:
-  void OpenConnection(const std::string&, const std::string&) override {}
-  void OpenConnection2(const std::string&, const std::string&, qbConnectionType) override {}
-  std::string BeginSession(const std::string&, qbEnumFileOpenMode) override { return "T"; }
-  std::vector<std::string> QBXMLVersionsForSession(const std::string&) override { return {"13.0"}; }
-  std::string GetCurrentCompanyFileName(const std::string&) override { return {}; }
-  std::string ProcessRequest(const std::string&, const std::string&) override { return CustomerResponse(); }
-  std::string ProcessSubscription(const std::string&) override { return {}; }
-  void EndSession(const std::string&) override {}
-  void CloseConnection() override {}
-  ProcessorAuthPreferences& AuthPreferences() override { return prefs_; }
-
- private:
-  ProcessorAuthPreferences prefs_;
-};
 
 void Connect() {
   Session& session = CurrentSession();
   session.qbxmlVersion = "13.0";
   session.qbXMLVersionNumber = VersionNumberOf("13.0");
   session.country = "US";
-  session.processor = std::make_shared<CannedProcessor>();
+  session.processor = std::make_shared<bench::CannedProcessor>(&CustomerResponse);
   session.ticket = "T";
 }
 

@@ -12,6 +12,7 @@
 #include "brenvale/qbxml/Dom.hpp"
 #include "brenvale/qbxml/Session.hpp"
 #include "brenvale/qbxml/xmlBldr.hpp"
+#include "support/Raised.hpp"
 #include "support/ScriptedProcessor.hpp"
 
 namespace brenvale::testing {
@@ -60,17 +61,5 @@ inline std::string Body(const RecordCore& r, Form form) {
 }
 
 inline DomDocument Parse(const std::string& xml) { return DomDocument::Load(xml); }
-
-// Runs `f`, which must raise a library error, and returns that error.
-template <class F>
-BrenvaleError RaisedBy(F&& f) {
-  try {
-    f();
-  } catch (const BrenvaleError& e) {
-    return e;
-  }
-  ADD_FAILURE() << "no error was raised";
-  return BrenvaleError(0, {}, {});
-}
 
 }  // namespace brenvale::testing

@@ -136,6 +136,25 @@ ResponseView::Response CollectionCore::SendOne(xmlBldr& b, DomDocument& keep, st
   return rs;
 }
 
+ResponseView::Response CollectionCore::SendSimple(
+    std::string_view request, std::initializer_list<std::pair<std::string_view, std::string_view>> children,
+    DomDocument& keep) {
+  xmlBldr b;
+  b.NewClear();
+  b.OpenAggregate(request, "requestID", "1");
+  for (const auto& [tag, value] : children) b.CreateElement(tag, value);
+  b.EndAggregate(request);
+  return SendOne(b, keep, request);
+}
+
+void CollectionCore::RemoveHolding(FieldId idField, std::string_view id) {
+  for (std::size_t position = 1; position <= entries_.size(); ++position)
+    if (entries_[position - 1].record->ValueText(idField) == id) {
+      RemoveAt(position);
+      return;
+    }
+}
+
 // --- commit ---------------------------------------------------------------------------------------
 
 Long CollectionCore::SendBatch(const std::vector<std::size_t>& batch, bool single) {

@@ -76,6 +76,12 @@ class CollectionCore {
   // Sends a finished request document and returns its first response; a document QuickBooks
   // answered without any response raises 1001.
   ResponseView::Response SendOne(xmlBldr& b, DomDocument& keep, std::string_view request);
+  // Writes and sends one request holding simple elements (a delete, a void) and returns its response.
+  ResponseView::Response SendSimple(std::string_view request,
+                                    std::initializer_list<std::pair<std::string_view, std::string_view>> children,
+                                    DomDocument& keep);
+  // Takes out the first record whose identity field holds `id` (nothing when none does).
+  void RemoveHolding(FieldId idField, std::string_view id);
 
   // Sends every New and Dirty record (or only `member`) in one batch; failures are collected in the
   // collection's errors and the records' own; with `raise` and the library-wide setting on, 1023 is
@@ -105,5 +111,33 @@ class CollectionCore {
   std::vector<RecordCore*> lastRead_;
   zkErrors errors_;
 };
+
+// Iterates a typed collection by 1-based position: for (T& record : collection) ...
+template <class C, class T>
+class PositionIterator {
+ public:
+  PositionIterator(C* c, std::size_t pos) : c_(c), pos_(pos) {}
+  T& operator*() const { return c_->Item(pos_); }
+  T* operator->() const { return &c_->Item(pos_); }
+  PositionIterator& operator++() {
+    ++pos_;
+    return *this;
+  }
+  bool operator==(const PositionIterator& o) const { return pos_ == o.pos_; }
+
+ private:
+  C* c_;
+  std::size_t pos_;
+};
+
+// A new record of kind T for a returned element named after the kind ("JobTypeRet"); null for any
+// other element.
+template <class T>
+std::shared_ptr<RecordCore> MakeRecordFor(std::string_view retName) {
+  const std::string_view name = T::Declaration().xmlName;
+  if (retName.size() != name.size() + 3 || retName.substr(0, name.size()) != name || retName.substr(name.size()) != "Ret")
+    return nullptr;
+  return std::make_shared<T>();
+}
 
 }  // namespace brenvale

@@ -25,31 +25,12 @@ class ListCollection : public ListCollectionBase {
   // Shared ownership of a record, for a host that keeps it beyond the collection.
   std::shared_ptr<T> ItemPtr(std::size_t position) const { return std::static_pointer_cast<T>(SharedAt(position)); }
 
-  class iterator {
-   public:
-    iterator(ListCollection* c, std::size_t pos) : c_(c), pos_(pos) {}
-    T& operator*() const { return c_->Item(pos_); }
-    T* operator->() const { return &c_->Item(pos_); }
-    iterator& operator++() {
-      ++pos_;
-      return *this;
-    }
-    bool operator==(const iterator& o) const { return pos_ == o.pos_; }
-
-   private:
-    ListCollection* c_;
-    std::size_t pos_;
-  };
+  using iterator = PositionIterator<ListCollection, T>;
   iterator begin() { return iterator(this, 1); }
   iterator end() { return iterator(this, Size() + 1); }
 
  protected:
-  std::shared_ptr<RecordCore> MakeRecord(std::string_view retName) override {
-    const std::string_view name = T::Declaration().xmlName;
-    if (retName.size() != name.size() + 3 || retName.substr(0, name.size()) != name || retName.substr(name.size()) != "Ret")
-      return nullptr;
-    return std::make_shared<T>();
-  }
+  std::shared_ptr<RecordCore> MakeRecord(std::string_view retName) override { return MakeRecordFor<T>(retName); }
   // For the derived collection's Add(...): a new record, filed, returned for filling.
   T& AddNew(std::shared_ptr<T> record) { return static_cast<T&>(AddNewRecord(std::move(record))); }
 };

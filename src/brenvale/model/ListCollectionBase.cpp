@@ -204,25 +204,14 @@ Long ListCollectionBase::Delete(const std::string& ListID, bool bRemove) {
   if (!Facts().deletable) Raise(1026, CollectionLabel());
   RequireQuery(kQueryNone);
   CollectionErrors().Clear();
-  xmlBldr b;
-  b.NewClear();
-  b.OpenAggregate("ListDelRq", "requestID", "1");
-  b.CreateElement("ListDelType", Decl().xmlName);
-  b.CreateElement("ListID", ListID);
-  b.EndAggregate("ListDelRq");
   DomDocument doc;
-  ResponseView::Response rs = SendOne(b, doc, "ListDelRq");
+  ResponseView::Response rs = SendSimple("ListDelRq", {{"ListDelType", Decl().xmlName}, {"ListID", ListID}}, doc);
   const Long status = rs.StatusCode();
   if (status != 0) {
     CollectionErrors().AddCode(1001, "", "QuickBooks: " + rs.Message());
     Raise(1026, CollectionLabel());
   }
-  if (bRemove)
-    for (std::size_t position = 1; position <= Size(); ++position)
-      if (Item(position).ListID() == ListID) {
-        RemoveAt(position);
-        break;
-      }
+  if (bRemove) RemoveHolding(ListRecord::kListID, ListID);
   return status;
 }
 

@@ -7,10 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "brenvale/model/RecordCore.hpp"
+#include "brenvale/model/BaseRecord.hpp"
 #include "brenvale/model/zkListObject.hpp"
 #include "brenvale/model/zkListObjectRefs.hpp"
-#include "brenvale/qbxml/zkBase.hpp"
 
 namespace brenvale {
 
@@ -73,7 +72,7 @@ struct ListFacts {
   bool outsideUS = false;    // the requests exist only in editions outside the US
 };
 
-class ListRecord : public RecordCore, public zkBase, public zkListObject {
+class ListRecord : public BaseRecord, public zkListObject {
  public:
   // The ids of the base fields, the same in every list kind.
   static constexpr FieldId kListID = kListBaseFields.Id(ListBase::ListID);
@@ -91,13 +90,8 @@ class ListRecord : public RecordCore, public zkBase, public zkListObject {
 
   const ListFacts& Facts() const { return *Decl().list; }
 
-  // --- zkBase ---------------------------------------------------------------------------------
-  Long XMLInsert(xmlBldr& cxmlbldr) override;
-  Long XMLQueryRs(xmlBldr& cxmlbldr) override;
-  // Raises 1003 with the kind's refusal when QuickBooks cannot modify it.
-  Long XMLModify(xmlBldr& cxmlbldr) override;
-  zqEnumListObjectType ObjectType() const override { return Decl().objectType; }
-  Long FromDom(const DomNode& obj) override;
+  zqEnumListObjectType ObjectType() const override { return BaseRecord::ObjectType(); }
+  Long FromDom(const DomNode& obj) override { return BaseRecord::FromDom(obj); }
 
   // --- zkListObject ---------------------------------------------------------------------------
   std::string ListID() const override { return Text(kListID); }
@@ -125,8 +119,6 @@ class ListRecord : public RecordCore, public zkBase, public zkListObject {
   const zkErrors& Errors() const { return RecordCore::Errors(); }
 
   KeyParts CollectionKeyParts() const override;
-  // ListID and EditSequence, ahead of a Mod body.
-  void WriteLead(xmlBldr& b, const WriteContext& context) const override;
 
  protected:
   zqEnumListType OwnList() const override { return Facts().listType; }
@@ -144,9 +136,5 @@ class HierarchicalRecord : public ListRecord {
   void Parent(std::string_view fullName) { SetRefName(kParentRef, fullName); }
   zkListObjectRef ParentRef() const { return Ref(kParentRef); }
 };
-
-// Writes the body of a record's Add or Mod request (the refusal of a kind QuickBooks cannot modify
-// is raised here), as zkBase and the collections' batches write it.
-void WriteRequestBody(const RecordCore& record, xmlBldr& b, const WriteContext& context);
 
 }  // namespace brenvale

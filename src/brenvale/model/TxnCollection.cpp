@@ -179,22 +179,12 @@ Long TxnCollectionBase::Void(const std::string& TxnId, bool bRemove) {
 
 Long TxnCollectionBase::DelOrVoid(std::string_view verb, const std::string& txnId, bool remove) {
   const std::string rq = "Txn" + std::string(verb) + "Rq";
-  xmlBldr b;
-  b.NewClear();
-  b.OpenAggregate(rq, "requestID", "1");
-  b.CreateElement("Txn" + std::string(verb) + "Type", Decl().xmlName);
-  b.CreateElement("TxnID", txnId);
-  b.EndAggregate(rq);
+  const std::string type = "Txn" + std::string(verb) + "Type";
   DomDocument doc;
-  ResponseView::Response rs = SendOne(b, doc, rq);
+  ResponseView::Response rs = SendSimple(rq, {{type, Decl().xmlName}, {"TxnID", txnId}}, doc);
   const Long status = rs.StatusCode();
   if (status != 0) Raise(1026, CollectionLabel(), rs.Message());
-  if (remove)
-    for (std::size_t position = 1; position <= Size(); ++position)
-      if (Item(position).TxnId() == txnId) {
-        RemoveAt(position);
-        break;
-      }
+  if (remove) RemoveHolding(TxnRecord::kTxnID, txnId);
   return status;
 }
 

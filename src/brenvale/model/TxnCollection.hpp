@@ -120,31 +120,12 @@ class TxnCollection : public TxnCollectionBase {
   // A new transaction, held for the next commit (master only: 1021 otherwise).
   T& Add() { return static_cast<T&>(AddRecord(std::make_shared<T>())); }
 
-  class iterator {
-   public:
-    iterator(TxnCollection* c, std::size_t pos) : c_(c), pos_(pos) {}
-    T& operator*() const { return c_->Item(pos_); }
-    T* operator->() const { return &c_->Item(pos_); }
-    iterator& operator++() {
-      ++pos_;
-      return *this;
-    }
-    bool operator==(const iterator& o) const { return pos_ == o.pos_; }
-
-   private:
-    TxnCollection* c_;
-    std::size_t pos_;
-  };
+  using iterator = PositionIterator<TxnCollection, T>;
   iterator begin() { return iterator(this, 1); }
   iterator end() { return iterator(this, Size() + 1); }
 
  protected:
-  std::shared_ptr<RecordCore> MakeRecord(std::string_view retName) override {
-    const std::string_view name = T::Declaration().xmlName;
-    if (retName.size() != name.size() + 3 || retName.substr(0, name.size()) != name || retName.substr(name.size()) != "Ret")
-      return nullptr;
-    return std::make_shared<T>();
-  }
+  std::shared_ptr<RecordCore> MakeRecord(std::string_view retName) override { return MakeRecordFor<T>(retName); }
 };
 
 }  // namespace brenvale

@@ -38,34 +38,6 @@ std::string txnLinkedTransaction::RefNumber() const { return Text(kLinkFields.Id
 Currency txnLinkedTransaction::Amount() const { return RecordCore::Amount(kLinkFields.Id(L::Amount)); }
 bool txnLinkedTransaction::IsQuantityLink() const { return TextView(kLinkFields.Id(L::LinkType)) == "QUANTYPE"; }
 
-// --- transactions -------------------------------------------------------------------------------
-
-void TxnRecord::WriteLead(xmlBldr& b, const WriteContext& context) const {
-  if (context.form != Form::Mod) return;
-  b.CreateElement("TxnID", TextView(kTxnID));
-  b.CreateElement("EditSequence", TextView(kEditSequence));
-}
-
-Long TxnRecord::XMLInsert(xmlBldr& cxmlbldr) {
-  WriteRequestBody(*this, cxmlbldr, WriteContext::OfSession(Form::Add));
-  return 0;
-}
-
-Long TxnRecord::XMLModify(xmlBldr& cxmlbldr) {
-  WriteRequestBody(*this, cxmlbldr, WriteContext::OfSession(Form::Mod));
-  return 0;
-}
-
-Long TxnRecord::XMLQueryRs(xmlBldr& cxmlbldr) {
-  WriteBody(cxmlbldr, WriteContext::OfSession(Form::Ret));
-  return 0;
-}
-
-Long TxnRecord::FromDom(const DomNode& obj) {
-  ReadFrom(obj);
-  return 0;
-}
-
 // --- lines --------------------------------------------------------------------------------------
 
 zqEnumTableName LineRecord::OwnerKind() const {

@@ -6,9 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "brenvale/model/BaseRecord.hpp"
 #include "brenvale/model/ChildList.hpp"
-#include "brenvale/model/RecordCore.hpp"
-#include "brenvale/qbxml/zkBase.hpp"
 
 namespace brenvale {
 
@@ -70,7 +69,7 @@ struct TxnFacts {
   std::uint8_t queries = kTxnQueryAll;
 };
 
-class TxnRecord : public RecordCore, public zkBase {
+class TxnRecord : public BaseRecord {
  public:
   static constexpr FieldId kTxnID = kTxnBaseFields.Id(TxnBase::TxnID);
   static constexpr FieldId kTimeCreated = kTxnBaseFields.Id(TxnBase::TimeCreated);
@@ -81,16 +80,9 @@ class TxnRecord : public RecordCore, public zkBase {
   static constexpr FieldId kRefNumber = kTxnBaseFields.Id(TxnBase::RefNumber);
   static constexpr FieldId kLinkedTxn = kTxnBaseFields.Id(TxnBase::LinkedTxn);
 
-  explicit TxnRecord(const RecordDecl& decl) : RecordCore(decl) {}
+  explicit TxnRecord(const RecordDecl& decl) : BaseRecord(decl, kTxnID, kEditSequence) {}
 
   const TxnFacts& Facts() const { return *Decl().txn; }
-
-  // --- zkBase ---------------------------------------------------------------------------------
-  Long XMLInsert(xmlBldr& cxmlbldr) override;
-  Long XMLQueryRs(xmlBldr& cxmlbldr) override;
-  Long XMLModify(xmlBldr& cxmlbldr) override;
-  zqEnumListObjectType ObjectType() const override { return Decl().objectType; }
-  Long FromDom(const DomNode& obj) override;
 
   // --- what every transaction offers ------------------------------------------------------------
   std::string TxnId() const { return Text(kTxnID); }
@@ -106,8 +98,6 @@ class TxnRecord : public RecordCore, public zkBase {
   std::string CollectionKey() const { return Text(kTxnID); }
 
   KeyParts CollectionKeyParts() const override { return {TextView(kTxnID)}; }
-  // TxnID and EditSequence, ahead of a Mod body.
-  void WriteLead(xmlBldr& b, const WriteContext& context) const override;
 };
 
 // The field every line has, at the same id in every line kind's table.

@@ -19,33 +19,31 @@ inline constexpr Rule kNameRules[] = {kBaseOnly.NotEmpty(ListBase::Name, 1012, "
 inline constexpr Rule kHierarchicalRules[] = {
     kNameRules[0], kNameRules[1], kBaseOnly.Exists(ListBase::ParentRef, 1010, "Parent").UncheckedFails()};
 
-// A hierarchical list with only the base fields (job types, vendor types, classes, customer types):
-// Name, IsActive and ParentRef; the name rules and the parent check; not modified through the
-// library.
-constexpr RecordDecl HierarchicalList(std::string_view label, zqEnumListObjectType type, const ListFacts& facts) {
-  return RecordDecl{.label = label,
-                    .xmlName = label,
-                    .objectType = type,
-                    .fields = kBaseOnly.fields,
-                    .add = kHierarchicalAdd,
-                    .read = kBaseOnlyRead,
-                    .rules = kHierarchicalRules,
-                    .modRefusal = "XMLModify not allowed",
-                    .list = &facts};
-}
-
-// A flat list with only the base fields (ship methods, payment methods, customer messages).
-constexpr RecordDecl FlatList(std::string_view label, std::string_view xmlName, zqEnumListObjectType type,
-                              std::span<const Rule> rules, const ListFacts& facts) {
+// A list kind with only the base fields: its Add body, rules and refusal of a modify request.
+constexpr RecordDecl SimpleList(std::string_view label, std::string_view xmlName, zqEnumListObjectType type,
+                                std::span<const FieldId> add, std::span<const Rule> rules,
+                                std::string_view modRefusal, const ListFacts& facts) {
   return RecordDecl{.label = label,
                     .xmlName = xmlName,
                     .objectType = type,
                     .fields = kBaseOnly.fields,
-                    .add = kFlatAdd,
+                    .add = add,
                     .read = kBaseOnlyRead,
                     .rules = rules,
-                    .modRefusal = "Modify not allowed",
+                    .modRefusal = modRefusal,
                     .list = &facts};
+}
+
+// A hierarchical list (job types, vendor types, classes, customer types): Name, IsActive and
+// ParentRef; the name rules and the parent check; not modified through the library.
+constexpr RecordDecl HierarchicalList(std::string_view label, zqEnumListObjectType type, const ListFacts& facts) {
+  return SimpleList(label, label, type, kHierarchicalAdd, kHierarchicalRules, "XMLModify not allowed", facts);
+}
+
+// A flat list (ship methods, payment methods, customer messages): Name and IsActive.
+constexpr RecordDecl FlatList(std::string_view label, std::string_view xmlName, zqEnumListObjectType type,
+                              std::span<const Rule> rules, const ListFacts& facts) {
+  return SimpleList(label, xmlName, type, kFlatAdd, rules, "Modify not allowed", facts);
 }
 
 }  // namespace brenvale::detail

@@ -277,18 +277,21 @@ void DeclareDataExt(DeclBuilder& b) {
                 "VendorCredit");
   b.Aggregate("DataExtObject",
               "(ListDataExtType!:e(Account|Customer|Employee|Item|OtherName|Vendor) ListObjRef!:ref159 | "
-              "TxnDataExtType!:E.TxnDataExtType TxnID!:id TxnLineID:id | OtherDataExtType!:e(Company))!");
+              "TxnDataExtType!:E.TxnDataExtType TxnID!:id TxnLineID^3.0:id | OtherDataExtType!:e(Company))!");
   b.Element("DataExtDefRet",
-            "OwnerID:guid DataExtID!:int DataExtName:s31 DataExtType:E.DataExtType AssignToObject*:E.AssignToObject "
-            "DataExtListRequire!:b DataExtTxnRequire!:b DataExtFormatString!:s");
+            "OwnerID:guid DataExtID^11.0!:int DataExtName:s31 DataExtType:E.DataExtType "
+            "AssignToObject*:E.AssignToObject DataExtListRequire^11.0!:b DataExtTxnRequire^11.0!:b "
+            "DataExtFormatString^11.0!:s");
   b.Request("DataExtDefAddRq",
             "DataExtDefAdd!{OwnerID!:guid DataExtName!:s31 DataExtType!:E.DataExtType "
-            "AssignToObject*:E.AssignToObject DataExtListRequire:b DataExtTxnRequire:b DataExtFormatString:s} "
+            "AssignToObject*:E.AssignToObject DataExtListRequire^12.0:b DataExtTxnRequire^12.0:b "
+            "DataExtFormatString^12.0:s} "
             "IncludeRetElement^4.0*:s50",
             "requestID", "2.0");
   b.Request("DataExtDefModRq",
             "DataExtDefMod!{OwnerID!:guid DataExtName!:s31 DataExtNewName:s31 AssignToObject*:E.AssignToObject "
-            "RemoveFromObject*:E.AssignToObject DataExtListRequire:b DataExtTxnRequire:b DataExtFormatString:s} "
+            "RemoveFromObject*:E.AssignToObject DataExtListRequire^12.0:b DataExtTxnRequire^12.0:b "
+            "DataExtFormatString^12.0:s} "
             "IncludeRetElement^4.0*:s50",
             "requestID", "2.0");
   b.Request("DataExtDefDelRq", "OwnerID!:guid DataExtName!:s31", "requestID", "2.0");

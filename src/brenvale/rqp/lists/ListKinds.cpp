@@ -59,9 +59,9 @@ constexpr std::string_view kSpecialItem =
     "SpecialItemType[r]^6.0:e(FinanceCharge|ReimbursableExpenseGroup|ReimbursableExpenseSubtotal)";
 constexpr std::string_view kInventory =
     "UnitOfMeasureSetRef^7.0:ref31 ForceUOMChange[m]^7.0:b IsTaxIncluded[am]^6.0:b SalesTaxCodeRef:ref3 "
-    "SalesDesc:s4095 SalesPrice:price IncomeAccountRef:ref159 ApplyIncomeAccountRefToExistingTxns[m]^7.0:b "
-    "PurchaseDesc:s4095 PurchaseCost:price PurchaseTaxCodeRef[am]^6.0:ref3 COGSAccountRef:ref159 "
-    "ApplyCOGSAccountRefToExistingTxns[m]^7.0:b PrefVendorRef:ref41 AssetAccountRef:ref159";
+    "SalesDesc:s4095 SalesPrice:price IncomeAccountRef^m7.0:ref159 ApplyIncomeAccountRefToExistingTxns[m]^7.0:b "
+    "PurchaseDesc:s4095 PurchaseCost:price PurchaseTaxCodeRef[am]^6.0:ref3 COGSAccountRef:ref159";
+constexpr std::string_view kInventoryVendor = "PrefVendorRef:ref41 AssetAccountRef:ref159";
 
 // Item kinds in the order QuickBooks lists them in an item query (the order of its answer's kinds).
 constexpr std::string_view kItemOrder[] = {"ItemService",  "ItemNonInventory", "ItemOtherCharge",   "ItemInventory",
@@ -75,9 +75,9 @@ const std::vector<KindRow>& Rows() {
   static const std::vector<KindRow> rows = {
       {1, "Account", "Account", NameGroup::Own, Family::None, "Name", kAdd | kMod | kDel | kDataExt, " 6.0 ",
        "Name!:s31 FullName[r]:s159 IsActive:b ParentRef:ref Sublevel[r]:int AccountType!:E.AccountType "
-       "DetailAccountType[a]:s SpecialAccountType[r]^2.1:E.SpecialAccountType AccountNumber:s7 BankNumber^2.0:s25 "
+       "DetailAccountType[a]:s SpecialAccountType[r]^2.1:E.SpecialAccountType AccountNumber:s7 BankNumber^r2.0:s25 "
        "Desc:s200 OpenBalance[am]:amt OpenBalanceDate[am]:d Balance[r]:amt TotalBalance[r]:amt "
-       "SalesTaxCodeRef[am]^6.0:ref3 TaxLineID[am]^2.1:int TaxLineInfoRet[r]^2.1{TaxLineID!:int TaxLineName:s256} "
+       "SalesTaxCodeRef[am]^6.0:ref3 TaxLineID[am]^7.0:int TaxLineInfoRet[r]^2.1{TaxLineID!:int TaxLineName:s256} "
        "CashFlowClassification[r]^2.1:e(None|Operating|Investing|Financing|NotApplicable) CurrencyRef^8.0:ref64",
        "AccountType*:E.AccountType CurrencyFilter^8.0=CurrencyFilter",
        {{"Balance", "0.00"}, {"TotalBalance", "0.00"}},
@@ -86,18 +86,19 @@ const std::vector<KindRow>& Rows() {
        {KeepSpecialAccounts},
        true},
       {2, "Customer", "Customer", NameGroup::Names, Family::Entity, "Name", kAdd | kMod | kDel | kDataExt | kIterator,
-       "", "Name!:s41 FullName[r]:s209 IsActive:b ClassRef^12.0:ref159 ParentRef:ref Sublevel[r]:int CompanyName:s41 "
+       "", "Name!:s41 FullName[r]:s209 IsActive^m3.0:b ClassRef^12.0:ref159 ParentRef^m3.0:ref Sublevel[r]:int CompanyName:s41 "
        "Salutation:s15 FirstName:s25 MiddleName:s5 LastName:s25 Suffix[am]:s10 JobTitle^12.0:s41 BillAddress=Address "
        "BillAddressBlock[r]^6.0=AddressBlock ShipAddress=Address ShipAddressBlock[r]^6.0=AddressBlock "
        "ShipToAddress^12.0*50=ShipToAddress PrintAs[am]:s110 Phone:s21 Mobile[am]:s21 Pager[am]:s21 AltPhone:s21 "
        "Fax:s21 Email:s1023 Cc^12.0:s1023 Contact:s41 AltContact:s41 AdditionalContactRef^12.0*8=ContactRef "
-       "Contacts~M~R^12.0*=Contacts CustomerTypeRef:ref159 TermsRef:ref31 SalesRepRef:ref5 OpenBalance[a]:amt "
-       "OpenBalanceDate[a]:d Balance[r]:amt TotalBalance[r]:amt SalesTaxCodeRef:ref3 ItemSalesTaxRef:ref31 "
-       "SalesTaxCountry[am]^6.0:e(Australia|Canada|UK|US) ResaleNumber:s15 AccountNumber:s99 CreditLimit:amt "
-       "PreferredPaymentMethodRef^3.0:ref31 CreditCardInfo^3.0=CreditCardInfo "
-       "JobStatus:e(Awarded|Closed|InProgress|None|NotAwarded|Pending) JobStartDate:d JobProjectedEndDate:d "
-       "JobEndDate:d JobDesc:s99 JobTypeRef:ref159 Notes:s4095 AdditionalNotes~M~R^12.0*=AdditionalNotes "
-       "IsStatementWithParent[am]:b DeliveryMethod[am]:e(Print|Fax|Email) "
+       "Contacts~M~R^12.0*=Contacts CustomerTypeRef^m3.0:ref159 TermsRef^m3.0:ref31 SalesRepRef^m3.0:ref5 "
+       "OpenBalance[a]:amt OpenBalanceDate[a]:d Balance[r]:amt TotalBalance[r]:amt SalesTaxCodeRef^m3.0:ref3 "
+       "ItemSalesTaxRef^m3.0:ref31 SalesTaxCountry[am]^6.0:e(Australia|Canada|UK|US) ResaleNumber^m3.0:s15 "
+       "AccountNumber:s99 CreditLimit^m3.0:amt PreferredPaymentMethodRef^3.0:ref31 CreditCardInfo^3.0=CreditCardInfo "
+       "JobStatus^m3.0:e(Awarded|Closed|InProgress|None|NotAwarded|Pending) JobStartDate^m3.0:d "
+       "JobProjectedEndDate^m3.0:d JobEndDate^m3.0:d JobDesc^m3.0:s99 JobTypeRef^m3.0:ref159 Notes^a3.0^m3.0:s4095 "
+       "AdditionalNotes~M~R^12.0*=AdditionalNotes IsStatementWithParent[am]^m3.0:b "
+       "DeliveryMethod[am]^m3.0:e(Print|Fax|Email) "
        "PreferredDeliveryMethod^12.0:e(None|Email|Fax) PriceLevelRef^4.0:ref31 ExternalGUID[ar]^8.0:guid "
        "TaxRegistrationNumber[am]^8.0:s30 CurrencyRef^8.0:ref64",
        "TotalBalanceFilter=TotalBalanceFilter CurrencyFilter^8.0=CurrencyFilter ClassFilter^12.0=ClassFilter",
@@ -107,13 +108,14 @@ const std::vector<KindRow>& Rows() {
        {},
        true},
       {3, "Vendor", "Vendor", NameGroup::Names, Family::Entity, "Name", kAdd | kMod | kDel | kDataExt | kIterator, "",
-       "Name!:s41 IsActive:b ClassRef^12.0:ref159 IsTaxAgency[am]^6.0:b CompanyName:s41 Salutation:s15 "
+       "Name!:s41 IsActive^m3.0:b ClassRef^12.0:ref159 CompanyName:s41 Salutation:s15 "
        "FirstName:s25 MiddleName:s5 LastName:s25 Suffix[am]:s10 JobTitle^12.0:s41 VendorAddress=Address "
        "VendorAddressBlock[r]^6.0=AddressBlock ShipAddress^11.0=Address Phone:s21 Mobile[am]:s21 Pager[am]:s21 "
        "AltPhone:s21 Fax:s21 Email:s1023 Cc^12.0:s1023 Contact:s41 AltContact:s41 "
        "AdditionalContactRef^12.0*8=ContactRef Contacts~M~R^12.0*=Contacts NameOnCheck:s41 AccountNumber:s99 "
-       "Notes:s4095 AdditionalNotes~M~R^12.0*=AdditionalNotes VendorTypeRef:ref159 TermsRef:ref31 CreditLimit:amt "
-       "VendorTaxIdent:s15 IsVendorEligibleFor1099:b OpenBalance[a]:amt OpenBalanceDate[a]:d Balance[r]:amt "
+       "Notes^a3.0^m3.0:s4095 AdditionalNotes~M~R^12.0*=AdditionalNotes VendorTypeRef^m3.0:ref159 TermsRef^m3.0:ref31 "
+       "CreditLimit^m3.0:amt VendorTaxIdent^m3.0:s15 IsVendorEligibleFor1099^m3.0:b OpenBalance[a]:amt "
+       "OpenBalanceDate[a]:d Balance[r]:amt "
        "BillingRateRef^6.0:ref31 ExternalGUID[ar]^8.0:guid SalesTaxCodeRef[am]^8.0:ref3 "
        "SalesTaxCountry[am]^8.0:e(Australia|Canada|UK|US) IsSalesTaxAgency[am]^8.0:b SalesTaxReturnRef[am]^8.0:ref "
        "TaxRegistrationNumber[am]^8.0:s30 ReportingPeriod[am]^8.0:e(Monthly|Quarterly) "
@@ -124,18 +126,18 @@ const std::vector<KindRow>& Rows() {
        {},
        {OpeningBalance}},
       {4, "Employee", "Employee", NameGroup::Names, Family::Entity, "Name", kAdd | kMod | kDel | kDataExt, "",
-       "Name:s41 IsActive:b Salutation:s15 FirstName:s25 MiddleName:s5 LastName:s25 Suffix[am]:s10 "
+       "Name:s41 IsActive^m3.0:b Salutation:s15 FirstName:s25 MiddleName:s5 LastName:s25 Suffix[am]:s10 "
        "JobTitle^12.0:s41 SupervisorRef^13.0:ref209 Department^13.0:s31 Description^13.0:s64 TargetBonus^13.0:amt "
        "EmployeeAddress{Addr1:s41 Addr2:s41 Addr3[am]:s Addr4[am]^2.0:s City:s31 State:s21 PostalCode:s13 "
        "Country[am]:s} PrintAs:s41 Phone:s21 Mobile^2.1:s21 Pager^2.1:s21 PagerPIN^2.1:s10 AltPhone:s21 "
-       "Fax^2.1:s21 SSN[ar]^2.0:s11 Email:s1023 AdditionalContactRef^12.0*8=ContactRef "
+       "Fax^2.1:s21 SSN[a]:s15 SSN[r]^2.0:s11 Email:s1023 AdditionalContactRef^12.0*8=ContactRef "
        "EmergencyContacts^13.0{PrimaryContact=EmergencyContact SecondaryContact=EmergencyContact} "
-       "EmployeeType:e(Officer|Owner|Regular|Statutory) PartOrFullTime^13.0:e(PartTime|FullTime) "
-       "Exempt^13.0:e(Exempt|NonExempt) KeyEmployee^13.0:e(Yes|No) Gender[ar]:e(Male|Female) HiredDate:d "
-       "OriginalHireDate^13.0:d AdjustedServiceDate^13.0:d ReleasedDate:d BirthDate^2.0:d USCitizen^13.0:e(Yes|No) "
+       "EmployeeType^m5.0:e(Officer|Owner|Regular|Statutory) PartOrFullTime^13.0:e(PartTime|FullTime) "
+       "Exempt^13.0:e(Exempt|NonExempt) KeyEmployee^13.0:e(Yes|No) Gender[ar]:e(Male|Female) HiredDate^m5.0:d "
+       "OriginalHireDate^13.0:d AdjustedServiceDate^13.0:d ReleasedDate^m5.0:d BirthDate^2.0:d USCitizen^13.0:e(Yes|No) "
        "Ethnicity^13.0:e(AmericianIndian|Asian|Black|Hawaiian|Hispanic|White|TwoOrMoreRaces) "
        "Disabled^13.0:e(Yes|No) DisabilityDesc^13.0:s25 OnFile^13.0:e(Yes|No) WorkAuthExpireDate^13.0:d "
-       "USVeteran^13.0:e(Yes|No) MilitaryStatus^13.0:e(Active|Reserve) AccountNumber:s99 Notes^2.1:s4095 "
+       "USVeteran^13.0:e(Yes|No) MilitaryStatus^13.0:e(Active|Reserve) AccountNumber:s99 Notes^3.0^r2.1:s4095 "
        "AdditionalNotes~M~R^12.0*=AdditionalNotes BillingRateRef^6.0:ref31 EmployeePayrollInfo~M^2.0=PayrollInfo "
        "ExternalGUID[ar]^8.0:guid",
        "", {}, {}, {EmployeeName}},
@@ -174,8 +176,11 @@ const std::vector<KindRow>& Rows() {
        "$ItemHead UnitOfMeasureSetRef^7.0:ref31 ForceUOMChange[m]^7.0:b IsTaxIncluded[am]^6.0:b SalesTaxCodeRef:ref3 "
        "$SalesOrPurchase ExternalGUID[ar]^8.0:guid",
        "ClassFilter^12.0=ClassFilter", {}, {}, {ItemBarCode}},
+      // QuickBooks' schema has ClassRef after ParentRef in ItemNonInventoryAdd, before it elsewhere.
       {21, "ItemNonInventory", "Item", NameGroup::Items, Family::Item, "Name", kItem, "",
-       "$ItemHead ManufacturerPartNumber^7.0:s31 UnitOfMeasureSetRef^7.0:ref31 ForceUOMChange[m]^7.0:b "
+       "Name!:s31 FullName[r]:s159 BarCode[am]^12.0=BarCode BarCodeValue[r]^12.0:s50 IsActive:b "
+       "ClassRef[mr]^12.0:ref159 ParentRef:ref ClassRef[a]^12.0:ref159 Sublevel[r]:int "
+       "ManufacturerPartNumber^7.0:s31 UnitOfMeasureSetRef^7.0:ref31 ForceUOMChange[m]^7.0:b "
        "IsTaxIncluded[am]^6.0:b SalesTaxCodeRef:ref3 $SalesOrPurchase ExternalGUID[ar]^8.0:guid",
        "ClassFilter^12.0=ClassFilter", {}, {}, {ItemBarCode}},
       {22, "ItemOtherCharge", "Item", NameGroup::Items, Family::Item, "Name", kItem, " 3.0 ",
@@ -183,12 +188,14 @@ const std::vector<KindRow>& Rows() {
        "ExternalGUID[ar]^8.0:guid",
        "ClassFilter^12.0=ClassFilter", {}, {}, {ItemBarCode}},
       {23, "ItemInventory", "Item", NameGroup::Items, Family::Item, "Name", kItem, "",
-       "$ItemHead ManufacturerPartNumber^7.0:s31 $Inventory ReorderPoint:quan Max^13.0:quan "
+       "$ItemHead ManufacturerPartNumber^7.0:s31 $Inventory ApplyCOGSAccountRefToExistingTxns[m]^8.0:b "
+       "$InventoryVendor ReorderPoint:quan Max^13.0:quan "
        "QuantityOnHand[ar]:quan TotalValue[a]:amt InventoryDate[a]:d AverageCost[r]:price QuantityOnOrder[r]:quan "
        "QuantityOnSalesOrder[r]^2.0:quan ExternalGUID[ar]^8.0:guid",
        "ClassFilter^12.0=ClassFilter", inventory, {}, {ItemBarCode, InventoryStart}},
       {24, "ItemInventoryAssembly", "Item", NameGroup::Items, Family::Item, "Name", kItem, "2.0 3.0 2.0",
-       "$ItemHead ManufacturerPartNumber^12.0:s31 $Inventory BuildPoint:quan Max^13.0:quan QuantityOnHand[ar]:quan "
+       "$ItemHead ManufacturerPartNumber^12.0:s31 $Inventory $InventoryVendor BuildPoint:quan Max^13.0:quan "
+       "QuantityOnHand[ar]:quan "
        "TotalValue[a]:amt InventoryDate[a]:d AverageCost[r]:price QuantityOnOrder[r]:quan "
        "QuantityOnSalesOrder[r]:quan ExternalGUID[ar]^8.0:guid "
        "(ClearItemsInGroup[m]!:b | ItemInventoryAssemblyLine*{ItemInventoryRef!:ref159 Quantity:quan})",
@@ -205,7 +212,7 @@ const std::vector<KindRow>& Rows() {
        "$FlatItemHead ItemDesc:s4095 $SpecialItem ExternalGUID[ar]^8.0:guid", "", {}, {}, {ItemBarCode}},
       {27, "ItemDiscount", "Item", NameGroup::Items, Family::Item, "Name", kItem, " 3.0 ",
        "$ItemHead ItemDesc:s4095 SalesTaxCodeRef:ref3 (DiscountRate!:price | DiscountRatePercent!:pct) "
-       "AccountRef:ref159 ApplyAccountRefToExistingTxns[m]^7.0:b ExternalGUID[ar]^8.0:guid",
+       "AccountRef^m7.0:ref159 ApplyAccountRefToExistingTxns[m]^7.0:b ExternalGUID[ar]^8.0:guid",
        "ClassFilter^12.0=ClassFilter", {}, {}, {ItemBarCode}},
       {28, "ItemPayment", "Item", NameGroup::Items, Family::Item, "Name", kItem, " 3.0 ",
        "$FlatItemHead ClassRef^12.0:ref159 ItemDesc:s4095 DepositToAccountRef:ref159 PaymentMethodRef:ref31 "
@@ -229,7 +236,7 @@ const std::vector<KindRow>& Rows() {
        "CurrencyRef^8.0:ref64)",
        "ItemRef:ref CurrencyFilter^8.0=CurrencyFilter", {}, {}, {PerItemPrices}},
       {41, "PayrollItemWage", "Payroll Item", NameGroup::Own, Family::None, "Name", kList, "2.0  ",
-       "Name!:s31 IsActive:b WageType!:E.WageType ExpenseAccountRef^2.0!:ref159", ""},
+       "Name!:s31 IsActive:b WageType!:E.WageType ExpenseAccountRef^r2.0!:ref159", ""},
       {42, "PayrollItemNonWage", "Payroll Item", NameGroup::Own, Family::None, "Name", kDel, "  3.0",
        "Name!:s31 IsActive:b NonWageType:e(Addition|CompanyContribution|Deduction|DirectDeposit|Tax) "
        "ExpenseAccountRef:ref159 LiabilityAccountRef:ref159",
@@ -262,7 +269,7 @@ const std::vector<KindRow>& Rows() {
 std::string Expand(std::string_view fields) {
   static const std::pair<std::string_view, std::string_view> pieces[] = {
       {"$ItemHead", kItemHead},       {"$FlatItemHead", kFlatItemHead}, {"$SalesOrPurchase", kSalesOrPurchase},
-      {"$SpecialItem", kSpecialItem}, {"$Inventory", kInventory},
+      {"$SpecialItem", kSpecialItem}, {"$InventoryVendor", kInventoryVendor}, {"$Inventory", kInventory},
   };
   std::string out(fields);
   for (auto [name, text] : pieces) {
@@ -312,7 +319,7 @@ void DeclareListKinds(DeclBuilder& b) {
               "Relation:e(Spouse|Partner|Mother|Father|Sister|Brother|Son|Daughter|Friend|Other)");
   b.Aggregate("Hours",
               "HoursAvailable:ti AccrualPeriod:e(BeginningOfYear|EveryHourOnPaycheck|EveryPaycheck) HoursAccrued:ti "
-              "MaximumHours:ti IsResettingHoursEachNewYear:b HoursUsed:ti AccrualStartDate:d");
+              "MaximumHours:ti IsResettingHoursEachNewYear:b HoursUsed^5.0:ti AccrualStartDate^5.0:d");
   b.Aggregate("PayrollInfo",
               "PayPeriod:e(Daily|Weekly|Biweekly|Semimonthly|Monthly|Quarterly|Yearly) ClassRef:ref159 "
               "(ClearEarnings[am]!:b | Earnings+{PayrollItemWageRef!:ref31 (Rate!:price | RatePercent!:pct)!}) "
@@ -320,11 +327,11 @@ void DeclareListKinds(DeclBuilder& b) {
               "VacationHours=Hours");
   b.Aggregate("BarCode", "BarCodeValue:s50 AssignEvenIfUsed:b AllowOverride:b");
   b.Aggregate("SalesOrPurchase",
-              "Desc:s4095 (Price!:price | PricePercent!:pct) AccountRef:ref159 "
+              "Desc:s4095 (Price!:price | PricePercent!:pct) AccountRef^m7.0:ref159 "
               "ApplyAccountRefToExistingTxns[m]^7.0:b");
   b.Aggregate("SalesAndPurchase",
-              "SalesDesc:s4095 SalesPrice:price IncomeAccountRef:ref159 ApplyIncomeAccountRefToExistingTxns[m]^7.0:b "
-              "PurchaseDesc:s4095 PurchaseCost:price PurchaseTaxCodeRef[am]^6.0:ref3 ExpenseAccountRef:ref159 "
+              "SalesDesc:s4095 SalesPrice:price IncomeAccountRef^m7.0:ref159 ApplyIncomeAccountRefToExistingTxns[m]^7.0:b "
+              "PurchaseDesc:s4095 PurchaseCost:price PurchaseTaxCodeRef[am]^6.0:ref3 ExpenseAccountRef^m7.0:ref159 "
               "ApplyExpenseAccountRefToExistingTxns[m]^7.0:b PrefVendorRef:ref41");
   b.Enumeration("AccountType",
                 "AccountsPayable|AccountsReceivable|Bank|CostOfGoodsSold|CreditCard|Equity|Expense|FixedAsset|Income|"

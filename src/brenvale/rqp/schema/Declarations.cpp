@@ -139,14 +139,21 @@ struct DeclBuilder::Parser {
     return Push(std::move(d));
   }
 
-  // Reads a "^12.0" version suffix; 0 when there is none.
-  static int Version(std::string_view s, std::size_t& pos) {
-    if (pos >= s.size() || s[pos] != '^') return 0;
-    std::size_t start = ++pos;
-    while (pos < s.size() && (std::isdigit(static_cast<unsigned char>(s[pos])) || s[pos] == '.')) ++pos;
-    int v = ParseVersion(s.substr(start, pos - start));
-    if (v < 0) Bad("bad version", s, start);
-    return v;
+  // Reads "^12.0" version suffixes: "^V" for every variant, "^mV" (a, m or r) for one, which wins
+  // over "^V" in that variant. 0 when there is none.
+  int Version(std::string_view s, std::size_t& pos) const {
+    int all = 0, mine = -1;
+    while (pos < s.size() && s[pos] == '^') {
+      char only = 0;
+      if (++pos < s.size() && std::isalpha(static_cast<unsigned char>(s[pos]))) only = s[pos++];
+      std::size_t start = pos;
+      while (pos < s.size() && (std::isdigit(static_cast<unsigned char>(s[pos])) || s[pos] == '.')) ++pos;
+      int v = ParseVersion(s.substr(start, pos - start));
+      if (v < 0) Bad("bad version", s, start);
+      if (!only) all = v;
+      else if (only == variant) mine = v;
+    }
+    return mine >= 0 ? mine : all;
   }
 
   // Reads an occurrence suffix into min/max.

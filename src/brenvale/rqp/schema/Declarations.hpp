@@ -10,7 +10,8 @@
 //   Name[amr]~M~R^V*!:type    a field; everything after the name is optional
 //     [amr]    the variants holding it: a(dd), m(od), r(et); all three when absent
 //     ~M ~R    named Name+"Mod" in the Mod variant, Name+"Ret" in the Ret variant
-//     ^V       brought by qbXML version V ("^12.0", "^2.1"); older requests do not have it
+//     ^V       brought by qbXML version V ("^12.0", "^2.1"); older requests do not have it;
+//              ^aV ^mV ^rV give the version of one variant where it differs ("^m3.0")
 //     ? * *N + !   occurrence: optional (the default), any number, up to N, one or more, required
 //                  (a required field of a Mod body's top level is optional there)
 //     :type    s (string) or sN (at most N characters), id, b, d, dt, ti, amt, price, quan, pct,

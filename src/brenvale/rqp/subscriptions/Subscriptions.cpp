@@ -109,7 +109,7 @@ void DeclareSubscriptions(DeclBuilder& b) {
   const std::string delivery = "DeliveryPolicy!:e(DeliverAlways|DeliverOnlyIfRunning) ";
   const std::string data =
       head + delivery +
-      "TrackLostEvents:e(All|None) DeliverOwnEvents:b "
+      "TrackLostEvents:e(All|None) DeliverOwnEvents^4.0:b "
       "ListEventSubscription*{ListEventType+:e(Account|Class|Customer|CustomerMsg|CustomerType|DateDrivenTerms|"
       "Employee|ItemDiscount|ItemFixedAsset|ItemGroup|ItemInventory|ItemInventoryAssembly|ItemNonInventory|"
       "ItemOtherCharge|ItemPayment|ItemSalesTax|ItemSalesTaxGroup|ItemService|ItemSubtotal|JobType|OtherName|"

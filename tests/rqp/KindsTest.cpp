@@ -170,3 +170,43 @@ TEST_F(KindRulesTest, KindsComputeWhatQuickBooksComputes) {
 }
 
 }  // namespace rqptest
+
+namespace rqptest {
+
+// What QuickBooks puts in its answers even when nobody sent it.
+TEST_F(KindRulesTest, AnswersHaveWhatQuickBooksAlwaysAnswers) {
+  // Every account has its cash flow classification, by its type.
+  for (auto [type, classification] : {std::pair{"Bank", "NotApplicable"}, {"FixedAsset", "Investing"},
+                                      {"LongTermLiability", "Financing"}, {"OtherCurrentAsset", "Operating"},
+                                      {"Expense", "NotApplicable"}}) {
+    pugi::xml_node a = Add("Account", std::string("<Name>A ") + type + "</Name><AccountType>" + type + "</AccountType>");
+    EXPECT_EQ(Text(a, "CashFlowClassification"), classification) << type;
+  }
+  Status receivable = One("<AccountQueryRq><FullName>Accounts Receivable</FullName></AccountQueryRq>");
+  EXPECT_EQ(Text(receivable.node, "AccountRet/CashFlowClassification"), "Operating");
+  // Inventory reports its prices as 0.00 when none was given.
+  pugi::xml_node inv = Add("ItemInventory", "<Name>Bare</Name>");
+  EXPECT_EQ(Text(inv, "SalesPrice"), "0.00");
+  EXPECT_EQ(Text(inv, "PurchaseCost"), "0.00");
+  // Zero percentages read "0.00".
+  EXPECT_EQ(Text(One("<StandardTermsQueryRq><FullName>Net 30</FullName></StandardTermsQueryRq>").node,
+                 "StandardTermsRet/DiscountPct"), "0.00");
+  EXPECT_EQ(Text(One("<StandardTermsQueryRq><FullName>2% 10 Net 30</FullName></StandardTermsQueryRq>").node,
+                 "StandardTermsRet/DiscountPct"), "2.00");
+  EXPECT_EQ(Text(Add("ItemSalesTax", "<Name>Nil</Name>"), "TaxRate"), "0.00");
+  // The preferences and the company say what a desktop company says.
+  Status prefs = One("<PreferencesQueryRq/>");
+  EXPECT_EQ(Text(prefs.node, "PreferencesRet/ItemsAndInventoryPreferences/FIFOEnabled"), "false");
+  EXPECT_EQ(Text(prefs.node, "PreferencesRet/MultiCurrencyPreferences/HomeCurrencyRef/FullName"), "US Dollar");
+  Status company = One("<CompanyQueryRq/>");
+  pugi::xml_node services = company.node.first_element_by_path("CompanyRet/SubscribedServices");
+  EXPECT_GE(std::distance(services.children("Service").begin(), services.children("Service").end()), 5);
+  EXPECT_EQ(Text(services, "Service/ServiceStatus"), "Never");
+  // In an older version's answer, what came later is left out.
+  auto old = Send("<PreferencesQueryRq/><CompanyQueryRq/>", "continueOnError", "6.0");
+  EXPECT_FALSE(old[0].node.first_child().child("ItemsAndInventoryPreferences"));
+  EXPECT_FALSE(old[0].node.first_child().child("MultiCurrencyPreferences"));
+  EXPECT_FALSE(old[1].node.first_child().child("SubscribedServices"));
+}
+
+}  // namespace rqptest

@@ -7,10 +7,12 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <random>
 #include <system_error>
+#include <thread>
 
 namespace brenvale::rqp::detail {
 namespace {
@@ -49,9 +51,10 @@ void CreateCompanyFile(const std::string& path, const std::function<void(Store&)
   try {
     Store::Create(aside.string());
     {
+      // Opened in WAL mode, which the file keeps: whoever opens the placed file need not change it.
       Store store(aside.string());
       fill(store);
-      store.Db().Exec("PRAGMA journal_mode=DELETE");  // one self-contained file to move
+      store.Db().Exec("PRAGMA wal_checkpoint(TRUNCATE)");  // everything in the one file to move
     }
     // link() never replaces: when another process placed its company first, that one stands.
     if (::link(aside.c_str(), company.c_str()) != 0 && errno != EEXIST)
@@ -64,23 +67,25 @@ void CreateCompanyFile(const std::string& path, const std::function<void(Store&)
 }
 
 CompanyLock::CompanyLock(const std::string& companyPath, bool exclusive) : path_(companyPath + ".lck") {
-  for (int attempt = 0; attempt < 100; ++attempt) {
+  // The session that lets go last holds the lock exclusively for a moment while it removes the
+  // file; a lock refused for that long is tried again before it counts as held by another session.
+  constexpr int kAttempts = 200;
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
     fd_ = ::open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
     if (fd_ < 0) throw CompanyLockError(false, "cannot open the lock file " + path_ + ": " + std::strerror(errno));
-    if (::flock(fd_, (exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB) != 0) {
-      int error = errno;
-      ::close(fd_);
-      fd_ = -1;
-      if (error == EWOULDBLOCK) throw CompanyLockError(true, "the company file is open in another mode");
-      throw CompanyLockError(false, "cannot lock " + path_ + ": " + std::strerror(error));
-    }
+    int error = ::flock(fd_, (exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB) == 0 ? 0 : errno;
     // The file may have been removed by the session that held it last, after this one opened it.
     struct stat held {}, named {};
-    if (::fstat(fd_, &held) == 0 && ::stat(path_.c_str(), &named) == 0 && held.st_ino == named.st_ino &&
-        held.st_dev == named.st_dev)
-      return;
+    bool current = ::fstat(fd_, &held) == 0 && ::stat(path_.c_str(), &named) == 0 && held.st_ino == named.st_ino &&
+                   held.st_dev == named.st_dev;
+    if (error == 0 && current) return;
     ::close(fd_);
     fd_ = -1;
+    if (error != 0 && error != EWOULDBLOCK)
+      throw CompanyLockError(false, "cannot lock " + path_ + ": " + std::strerror(error));
+    if (error == EWOULDBLOCK && current && attempt >= 10)
+      throw CompanyLockError(true, "the company file is open in another mode");
+    if (error == EWOULDBLOCK) std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
   throw CompanyLockError(false, "cannot lock " + path_ + ": it keeps being replaced");
 }

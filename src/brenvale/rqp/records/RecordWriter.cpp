@@ -17,7 +17,7 @@ namespace {
 // The stored form with every "<XRef><ListID>id</ListID>" of a kept record followed by that
 // record's full name. A reference that carries its own name (a list the engine does not keep)
 // stays as it is.
-std::string WithNames(Context& co, std::string_view ret) {
+std::string WithNames(Context& co, std::string_view ret, FullNames* names) {
   static constexpr std::string_view kOpen = "Ref><ListID>", kClose = "</ListID>", kName = "<FullName>";
   std::string out;
   std::size_t from = 0;
@@ -29,14 +29,22 @@ std::string WithNames(Context& co, std::string_view ret) {
     out.append(ret.substr(from, after - from));
     from = after;
     if (ret.substr(after, kName.size()) == kName) continue;
-    auto& s = co.Data().Db().Prepare("SELECT full_name FROM records WHERE list_id=?");
-    s.Bind(1, ret.substr(idStart, idEnd - idStart));
-    if (s.Step()) {
+    std::string id(ret.substr(idStart, idEnd - idStart));
+    std::optional<std::string> name;
+    if (auto known = names ? names->find(id) : FullNames::iterator{}; names && known != names->end()) {
+      name = known->second;
+    } else {
+      auto& s = co.Data().Db().Prepare("SELECT full_name FROM records WHERE list_id=?");
+      s.Bind(1, id);
+      if (s.Step()) name = std::string(s.Text(0));
+      s.Reset();
+      if (names) names->emplace(std::move(id), name);
+    }
+    if (name) {
       out += kName;
-      AppendEscaped(out, s.Text(0), false);
+      AppendEscaped(out, *name, false);
       out += "</FullName>";
     }
-    s.Reset();
   }
   out.append(ret.substr(from));
   return out;
@@ -59,8 +67,8 @@ void AppendDataExtRet(std::string& out, std::string_view owner, std::string_view
 }
 
 void WriteRecord(Context& co, std::string_view objectId, std::string_view ret, const RetOptions& options,
-                 std::string& out) {
-  std::string s = WithNames(co, ret);
+                 std::string& out, FullNames* names) {
+  std::string s = WithNames(co, ret, names);
   if (!options.owners.empty() && !objectId.empty()) {
     std::string ext;
     for (auto& v : co.Data().DataExtValuesOf(objectId)) {

@@ -1,7 +1,9 @@
 #pragma once
 // Records in responses: a stored Ret element written the way QuickBooks answers it.
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include <pugixml.hpp>
@@ -27,12 +29,16 @@ std::vector<std::string> ChildTexts(pugi::xml_node parent, const char* name);
 // The options a request asks for with its IncludeRetElement and OwnerID children.
 RetOptions OptionsOf(pugi::xml_node request, int version);
 
+// The full names of referenced records, kept while the records of one answer are written.
+using FullNames = std::unordered_map<std::string, std::optional<std::string>>;
+
 // Writes a Ret element in stored form into a response: each reference to a record the engine
 // keeps gets that record's full name, the data extensions of the requested owners are added (for
 // `objectId`, a ListID or "COMPANY"), elements the request's version does not have are left out,
-// and only the included elements are kept.
+// and only the included elements are kept. `names` keeps the names looked up across the records
+// of one answer (nothing may change between them).
 void WriteRecord(Context& co, std::string_view objectId, std::string_view ret, const RetOptions& options,
-                 std::string& out);
+                 std::string& out, FullNames* names = nullptr);
 
 // Appends one DataExtRet element.
 void AppendDataExtRet(std::string& out, std::string_view owner, std::string_view name, std::string_view type,

@@ -184,14 +184,14 @@ void CollectRefs(const ListKind& kind, const Decl& d, pugi::xml_node node, Field
   }
 }
 
-void WriteIndex(Context& co, const ListKind& kind, pugi::xml_node ret, std::int64_t rowId) {
+void WriteIndex(Context& co, const ListKind& kind, pugi::xml_node ret, std::int64_t rowId, bool fresh) {
   FieldValues refs, values;
   CollectRefs(kind, *kind.ret, ret, refs);
   for (auto field : kind.indexed) {
     std::string name(field);
     if (auto v = ret.child(name.c_str())) values.emplace_back(name, v.text().get());
   }
-  co.Data().SetIndex(rowId, refs, values);
+  co.Data().SetIndex(rowId, refs, values, fresh);
 }
 
 std::optional<long long> Amount(pugi::xml_node n) {
@@ -361,7 +361,7 @@ Record Finish(Builder& b, pugi::xml_node ret, Record r, const Record* old) {
   r.ret = StoreText(ret);
   if (old) b.co.Data().Update(r);
   else b.co.Data().Insert(r);
-  WriteIndex(b.co, b.kind, ret, r.rowId);
+  WriteIndex(b.co, b.kind, ret, r.rowId, old == nullptr);
   return r;
 }
 
@@ -482,7 +482,7 @@ void ReindexRecords(Context& co) {
     Canonicalize(b, *kind->ret, ret);
     row.ret = StoreText(ret);
     co.Data().Update(row);
-    WriteIndex(co, *kind, ret, row.rowId);
+    WriteIndex(co, *kind, ret, row.rowId, false);
   }
 }
 

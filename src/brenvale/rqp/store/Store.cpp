@@ -134,9 +134,11 @@ std::vector<std::int64_t> Store::AllRowIds() {
   return out;
 }
 
-void Store::SetIndex(std::int64_t rowId, const FieldValues& references, const FieldValues& values) {
-  db_.Prepare("DELETE FROM refs WHERE source=?").Bind(1, rowId).Run();
-  db_.Prepare("DELETE FROM record_values WHERE record=?").Bind(1, rowId).Run();
+void Store::SetIndex(std::int64_t rowId, const FieldValues& references, const FieldValues& values, bool fresh) {
+  if (!fresh) {
+    db_.Prepare("DELETE FROM refs WHERE source=?").Bind(1, rowId).Run();
+    db_.Prepare("DELETE FROM record_values WHERE record=?").Bind(1, rowId).Run();
+  }
   auto& ref = db_.Prepare("INSERT INTO refs(source, field, target) VALUES(?, ?, ?)");
   for (auto& [field, target] : references) {
     ref.Bind(1, rowId).Bind(2, field).Bind(3, target);

@@ -96,8 +96,8 @@ class Store {
   void Update(const Record& r);
   void Delete(const Record& r);
 
-  // A record's references and indexed values, replaced as a whole.
-  void SetIndex(std::int64_t rowId, const FieldValues& references, const FieldValues& values);
+  // A record's references and indexed values, replaced as a whole (`fresh`: it has none yet).
+  void SetIndex(std::int64_t rowId, const FieldValues& references, const FieldValues& values, bool fresh = false);
   // Whether any record other than `except` refers to `listId`.
   bool InUse(std::string_view listId, std::int64_t except);
 

@@ -46,6 +46,19 @@ int StandardAccountStatus(const std::string& path, brenvale::qbEnumFileOpenMode 
   }
 }
 
+// The error BeginSession raises for `path`; a failure of the test when the file opens.
+BrenvaleError OpenFailure(const std::string& path) {
+  CompanyEngine engine;
+  engine.OpenConnection("", "refusals");
+  try {
+    engine.BeginSession(path, qbOpenModeSingleUser);
+  } catch (const BrenvaleError& e) {
+    return e;
+  }
+  ADD_FAILURE() << path << " was opened";
+  return BrenvaleError(0, "", "");
+}
+
 std::vector<std::string> Beside(const fs::path& dir, const std::string& start) {
   std::vector<std::string> out;
   for (auto& e : fs::directory_iterator(dir))
@@ -74,8 +87,6 @@ TEST_F(CompanyFileTest, ALockFileLivesAsLongAsItsSessions) {
 }
 
 TEST_F(CompanyFileTest, WhatIsNotACompanyIsLeftAsItWas) {
-  CompanyEngine engine;
-  engine.OpenConnection("", "refusals");
   const fs::path junk = dir_ / "notes.txt";
   { std::ofstream(junk) << "not a company file at all, not even SQLite"; }
   const fs::path empty = dir_ / "empty.qbw";
@@ -89,13 +100,9 @@ TEST_F(CompanyFileTest, WhatIsNotACompanyIsLeftAsItWas) {
   }
   for (const fs::path& file : {junk, empty, other}) {
     std::string before = ReadFile(file);
-    try {
-      engine.BeginSession(file.string(), qbOpenModeSingleUser);
-      ADD_FAILURE() << file << " was opened";
-    } catch (const BrenvaleError& e) {
-      EXPECT_EQ(e.Number(), hr::kCouldNotOpenFile);
-      EXPECT_NE(e.Description().find("not a company file"), std::string::npos) << e.Description();
-    }
+    BrenvaleError e = OpenFailure(file.string());
+    EXPECT_EQ(e.Number(), hr::kCouldNotOpenFile);
+    EXPECT_NE(e.Description().find("not a company file"), std::string::npos) << e.Description();
     EXPECT_EQ(ReadFile(file), before) << file;
     for (const char* beside : {".lck", "-wal", "-shm", "-journal"})
       EXPECT_FALSE(fs::exists(file.string() + beside)) << file << beside;
@@ -106,15 +113,9 @@ TEST_F(CompanyFileTest, AFileThatCannotBeOpenedSaysWhy) {
   const std::string company = (dir_ / "locked.qbw").string();
   ASSERT_EQ(StandardAccountStatus(company), 0);
   fs::create_directory(company + ".lck");  // the lock file cannot be made
-  CompanyEngine engine;
-  engine.OpenConnection("", "reasons");
-  try {
-    engine.BeginSession(company, qbOpenModeSingleUser);
-    ADD_FAILURE() << "opened";
-  } catch (const BrenvaleError& e) {
-    EXPECT_EQ(e.Number(), hr::kCouldNotOpenFile);
-    EXPECT_NE(e.Description().find(company + ".lck: Is a directory"), std::string::npos) << e.Description();
-  }
+  BrenvaleError e = OpenFailure(company);
+  EXPECT_EQ(e.Number(), hr::kCouldNotOpenFile);
+  EXPECT_NE(e.Description().find(company + ".lck: Is a directory"), std::string::npos) << e.Description();
 }
 
 // A company file as the first engine wrote it: its tables (the first step of the migrations), a
@@ -199,15 +200,9 @@ TEST_F(CompanyFileTest, AFileOfANewerEngineIsRefused) {
   sqlite3_open(company.c_str(), &db);
   sqlite3_exec(db, "PRAGMA user_version = 99", nullptr, nullptr, nullptr);
   sqlite3_close(db);
-  CompanyEngine engine;
-  engine.OpenConnection("", "newer");
-  try {
-    engine.BeginSession(company, qbOpenModeSingleUser);
-    ADD_FAILURE() << "opened";
-  } catch (const BrenvaleError& e) {
-    EXPECT_EQ(e.Number(), hr::kCouldNotOpenFile);
-    EXPECT_NE(e.Description().find("newer company engine"), std::string::npos) << e.Description();
-  }
+  BrenvaleError e = OpenFailure(company);
+  EXPECT_EQ(e.Number(), hr::kCouldNotOpenFile);
+  EXPECT_NE(e.Description().find("newer company engine"), std::string::npos) << e.Description();
   EXPECT_EQ(UserVersion(company), 99);
 }
 

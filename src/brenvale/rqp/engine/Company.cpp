@@ -57,8 +57,6 @@ const HandlerTable& Handlers() {
   return table;
 }
 
-std::string VersionText(int tenths) { return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10); }
-
 }  // namespace
 
 void InstallEngine() {

@@ -2,28 +2,12 @@
 
 #include <algorithm>
 
-#include "brenvale/rqp/records/Context.hpp"
+#include "brenvale/rqp/records/Records.hpp"
 
 namespace brenvale::rqp::detail {
 namespace {
 
 std::string Text(pugi::xml_node n) { return n.text().get(); }
-
-// Sets (or with an empty value removes) a simple child; the machinery puts it in order afterwards.
-void SetChild(pugi::xml_node parent, const char* name, const std::string& value) {
-  auto e = parent.child(name);
-  if (value.empty()) {
-    if (e) parent.remove_child(e);
-    return;
-  }
-  if (!e) e = parent.append_child(name);
-  e.text().set(value.c_str());
-}
-
-std::optional<long long> Amount(pugi::xml_node n) {
-  if (!n) return std::nullopt;
-  return ParseDecimal(n.text().get());
-}
 
 // Account types in chart-of-accounts order, with the section of a statement of cash flows QuickBooks
 // puts each in (cash itself and the profit-and-loss accounts are in none).

@@ -70,6 +70,8 @@ int ParseVersion(std::string_view text) {
   return whole * 10 + (tenth - '0');
 }
 
+std::string VersionText(int tenths) { return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10); }
+
 RequestDocument::RequestDocument(std::string_view text, const HostFacts& facts) : buffer_(DecodeDocument(text)) {
   std::string asked = VersionOfPublicId(BlankDoctype(buffer_));
   auto result = doc_.load_buffer_inplace(buffer_.data(), buffer_.size(), pugi::parse_default | pugi::parse_pi,

@@ -135,17 +135,6 @@ void Merge(Builder& b, pugi::xml_node in, const Decl& outDecl, pugi::xml_node ou
   }
 }
 
-// Sets (or with an empty value removes) a simple child; order is restored by Canonicalize.
-void SetChild(pugi::xml_node parent, const char* name, const std::string& value) {
-  auto e = parent.child(name);
-  if (value.empty()) {
-    if (e) parent.remove_child(e);
-    return;
-  }
-  if (!e) e = parent.append_child(name);
-  e.text().set(value.c_str());
-}
-
 // Orders children as declared, recursively, and gives nested Ret aggregates (contacts, notes)
 // the identity fields QuickBooks assigns them.
 void Canonicalize(Builder& b, const Decl& top, pugi::xml_node root) {
@@ -192,11 +181,6 @@ void WriteIndex(Context& co, const ListKind& kind, pugi::xml_node ret, std::int6
     if (auto v = ret.child(name.c_str())) values.emplace_back(name, v.text().get());
   }
   co.Data().SetIndex(rowId, refs, values, fresh);
-}
-
-std::optional<long long> Amount(pugi::xml_node n) {
-  if (!n) return std::nullopt;
-  return ParseDecimal(n.text().get());
 }
 
 // Name, full name, level and uniqueness of the record; throws StatusError.
@@ -366,6 +350,21 @@ Record Finish(Builder& b, pugi::xml_node ret, Record r, const Record* old) {
 }
 
 }  // namespace
+
+void SetChild(pugi::xml_node parent, const char* name, const std::string& value) {
+  auto e = parent.child(name);
+  if (value.empty()) {
+    if (e) parent.remove_child(e);
+    return;
+  }
+  if (!e) e = parent.append_child(name);
+  e.text().set(value.c_str());
+}
+
+std::optional<long long> Amount(pugi::xml_node n) {
+  if (!n) return std::nullopt;
+  return ParseDecimal(n.text().get());
+}
 
 std::optional<Record> FindById(Context& co, const std::vector<const ListKind*>& kinds, std::string_view listId) {
   auto r = co.Data().ById(listId);

@@ -27,6 +27,12 @@ DeletedRecord DeleteListRecord(Context& co, const ListKind& kind, std::string_vi
 std::optional<Record> FindById(Context& co, const std::vector<const ListKind*>& kinds, std::string_view listId);
 std::optional<Record> FindByName(Context& co, const std::vector<const ListKind*>& kinds, std::string_view fullName);
 
+// Sets (or with an empty value removes) a simple child of a Ret element being built; the machinery
+// puts the children in declared order afterwards.
+void SetChild(pugi::xml_node parent, const char* name, const std::string& value);
+// The number in a simple element, in hundred-thousandths; nullopt when absent or not a number.
+std::optional<long long> Amount(pugi::xml_node n);
+
 // Rebuilds every record's index rows and stored form from its Ret element (after a migration).
 void ReindexRecords(Context& co);
 

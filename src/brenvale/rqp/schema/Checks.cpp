@@ -4,14 +4,13 @@
 #include <algorithm>
 #include <climits>
 
+#include "brenvale/rqp/protocol/RequestDocument.hpp"
 #include "brenvale/rqp/protocol/Status.hpp"
 #include "brenvale/rqp/protocol/Text.hpp"
 #include "brenvale/rqp/schema/Declarations.hpp"
 
 namespace brenvale::rqp::detail {
 namespace {
-
-std::string VersionText(int tenths) { return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10); }
 
 Problem Structure(std::string message) { return Problem{Problem::Kind::Structure, 0, std::move(message)}; }
 

@@ -161,6 +161,11 @@ class EngineTest : public TempFolderTest {
   }
 
 
+  // The stored record of `kind` that `ret` is a Ret element of, as a query reads it now.
+  pugi::xml_node Read(const std::string& kind, pugi::xml_node ret) {
+    return One("<" + kind + "QueryRq><ListID>" + Text(ret, "ListID") + "</ListID></" + kind + "QueryRq>").node.first_child();
+  }
+
   // Adds a record of `kind` from the children of its Add body; returns its Ret element.
   pugi::xml_node Add(const std::string& kind, const std::string& body) {
     Status s = One("<" + kind + "AddRq><" + kind + "Add>" + body + "</" + kind + "Add></" + kind + "AddRq>");

@@ -38,7 +38,7 @@ TEST_P(KindsTest, AddQueryModify) {
   ASSERT_FALSE(k.after.empty()) << "a modify case reads its change back";
   Status m = Mod(k.kind, ret, k.mod);
   ASSERT_EQ(m.code, 0) << m.message;
-  pugi::xml_node read = One("<" + k.kind + "QueryRq><ListID>" + id + "</ListID></" + k.kind + "QueryRq>").node.first_child();
+  pugi::xml_node read = Read(k.kind, ret);
   for (auto& [path, value] : k.after) EXPECT_EQ(Text(read, path.c_str()), value) << k.kind << " " << path;
   EXPECT_NE(Text(read, "EditSequence"), Text(ret, "EditSequence"));
 }

@@ -33,8 +33,11 @@ TEST_F(ListTest, EditSequenceChangesOnEveryModifyAndStaleOnesAreRefused) {
   EXPECT_EQ(Text(r1, "TimeCreated"), Text(c, "TimeCreated"));
   Status m2 = Mod("Customer", r1, "<Phone></Phone><Fax>1</Fax>");  // an empty value clears
   ASSERT_EQ(m2.code, 0);
-  EXPECT_FALSE(m2.node.first_child().child("Phone"));
-  EXPECT_NE(Text(m2.node.first_child(), "EditSequence"), Text(r1, "EditSequence"));
+  pugi::xml_node read = Read("Customer", c);
+  EXPECT_FALSE(read.child("Phone"));
+  EXPECT_EQ(Text(read, "Fax"), "1");
+  EXPECT_EQ(Text(read, "EditSequence"), Text(m2.node.first_child(), "EditSequence"));
+  EXPECT_NE(Text(read, "EditSequence"), Text(r1, "EditSequence"));
 
   Status stale = Mod("Customer", c, "<Phone>1</Phone>");
   EXPECT_EQ(stale.code, 3200);
@@ -120,7 +123,9 @@ TEST_F(ListTest, ReferencesResolveByListIdOrFullNameAndBadOnesAreRefused) {
   EXPECT_EQ(wrongList.code, 3140);
   // An empty reference clears it.
   Status cleared = Mod("Customer", c, "<TermsRef><FullName></FullName></TermsRef>");
-  EXPECT_FALSE(cleared.node.first_child().child("TermsRef"));
+  ASSERT_EQ(cleared.code, 0);
+  EXPECT_FALSE(Read("Customer", c).child("TermsRef"));
+  EXPECT_EQ(Text(Read("Customer", c), "SalesRepRef/FullName"), "SR");
 }
 
 TEST_F(ListTest, DeletesAreRefusedWhileUsedAndAreListedAfterwards) {

@@ -43,7 +43,7 @@ TEST_F(RulesTest, ModifyMergesAggregatesReplacesRepeatsAndSwitchesBranches) {
                                      "<ShipToAddress><Name>A</Name></ShipToAddress><ShipToAddress><Name>B</Name></ShipToAddress>");
   Status m = Mod("Customer", c, "<BillAddress><City>New</City></BillAddress><ShipToAddress><Name>C</Name></ShipToAddress>");
   ASSERT_EQ(m.code, 0) << m.message;
-  pugi::xml_node r = m.node.first_child();
+  pugi::xml_node r = Read("Customer", c);
   EXPECT_EQ(Text(r, "BillAddress/Addr1"), "1 Road");
   EXPECT_EQ(Text(r, "BillAddress/City"), "New");
   EXPECT_EQ(r.select_nodes("ShipToAddress").size(), 1u);
@@ -54,15 +54,17 @@ TEST_F(RulesTest, ModifyMergesAggregatesReplacesRepeatsAndSwitchesBranches) {
   EXPECT_EQ(Text(s1.node, "ItemServiceRet/SalesOrPurchase/PricePercent"), "7.00");
   EXPECT_FALSE(s1.node.first_child().child("SalesOrPurchase").child("Price"));
   Status s2 = Mod("ItemService", s1.node.first_child(), "<SalesAndPurchaseMod><SalesPrice>9</SalesPrice></SalesAndPurchaseMod>");
-  EXPECT_FALSE(s2.node.first_child().child("SalesOrPurchase"));
-  EXPECT_EQ(Text(s2.node, "ItemServiceRet/SalesAndPurchase/SalesPrice"), "9.00");
+  ASSERT_EQ(s2.code, 0) << s2.message;
+  EXPECT_FALSE(Read("ItemService", svc).child("SalesOrPurchase"));
+  EXPECT_EQ(Text(Read("ItemService", svc), "SalesAndPurchase/SalesPrice"), "9.00");
 
   Add("ItemNonInventory", "<Name>Part</Name><SalesOrPurchase><Price>1</Price></SalesOrPurchase>");
   pugi::xml_node group = Add("ItemGroup", "<Name>Set</Name><ItemGroupLine><ItemRef><FullName>Part</FullName></ItemRef>"
                                           "</ItemGroupLine><ItemGroupLine><ItemRef><FullName>Switch</FullName></ItemRef></ItemGroupLine>");
   EXPECT_EQ(group.select_nodes("ItemGroupLine").size(), 2u);
   Status cleared = Mod("ItemGroup", group, "<ClearItemsInGroup>true</ClearItemsInGroup>");
-  EXPECT_FALSE(cleared.node.first_child().child("ItemGroupLine"));
+  ASSERT_EQ(cleared.code, 0) << cleared.message;
+  EXPECT_FALSE(Read("ItemGroup", group).child("ItemGroupLine"));
 }
 
 TEST_F(RulesTest, RenamingAnEntityReachesEveryReferenceToIt) {

@@ -58,6 +58,7 @@ std::string VersionOfPublicId(std::string_view id) {
 }  // namespace
 
 int ParseVersion(std::string_view text) {
+  if (text.starts_with("CA")) text.remove_prefix(2);  // the Canadian editions' "CA3.0"
   auto dot = text.find('.');
   if (dot == std::string_view::npos || dot == 0 || dot + 2 != text.size()) return -1;
   int whole = 0;

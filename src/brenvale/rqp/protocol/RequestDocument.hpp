@@ -11,7 +11,8 @@
 
 namespace brenvale::rqp::detail {
 
-// A qbXML version as a number of tenths ("13.0" is 130, "2.1" is 21); -1 for text that is none.
+// A qbXML version as a number of tenths ("13.0" is 130, "2.1" is 21, "CA3.0" is 30); -1 for text
+// that is none.
 int ParseVersion(std::string_view text);
 // The text of a version in tenths: 130 -> "13.0".
 std::string VersionText(int tenths);

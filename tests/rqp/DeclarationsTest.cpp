@@ -203,7 +203,9 @@ TEST_F(DeclarationsTest, VersionsAndLengthsAreQuickBooksDesktops) {
   auto first = [&](const std::string& name) {
     return sample_.select_node(("//" + name).c_str()).node();
   };
-  for (auto& [name, id] : ds.Requests()) {
+  auto requests = ds.Requests();
+  requests.insert(ds.SubscriptionRequests().begin(), ds.SubscriptionRequests().end());
+  for (auto& [name, id] : requests) {
     pugi::xml_node s = first(name);
     if (!s) {
       problems.push_back(name + ": not in the annotated sample");

@@ -138,12 +138,7 @@ std::string Company::Process(std::string_view text) {
     std::string_view name = child.name();
     const Decl* decl = declared.Request(name);
     if (!decl) refuse("Unknown request " + Quote(name) + ".");
-    if (int since = declared.RequestVersion(name); since > doc.Version())
-      refuse("Request " + Quote(name) + " is not in qbXML " + VersionText(doc.Version()) + "; it came with " +
-             VersionText(since) + ".");
-    if (Problem p = CheckRequestAttributes(*decl, child)) refuse(p.message);
-    if (facts_.RelaxElementOrder) OrderChildren(*decl, child);
-    Problem problem = CheckElement(*decl, child, doc.Version());
+    Problem problem = CheckRequest(*decl, child, doc.Version(), facts_.RelaxElementOrder);
     if (problem.kind == Problem::Kind::Structure) refuse(problem.message);
     if (!name.ends_with("QueryRq")) writes = true;
     auto h = Handlers().find(name);

@@ -183,7 +183,10 @@ Problem CheckElement(const Decl& decl, pugi::xml_node node, int version) {
   return structure ? structure : value;
 }
 
-Problem CheckRequestAttributes(const Decl& decl, pugi::xml_node request) {
+Problem CheckRequest(const Decl& decl, pugi::xml_node request, int version, bool relaxOrder) {
+  if (int since = Declarations::Get().RequestVersion(decl.name); since > version)
+    return Structure("Request " + Quote(decl.name) + " is not in qbXML " + VersionText(version) + "; it came with " +
+                     VersionText(since) + ".");
   // QuickBooks takes request IDs of up to 50 characters.
   constexpr std::size_t kRequestIdLimit = 50;
   for (auto a : request.attributes()) {
@@ -198,7 +201,8 @@ Problem CheckRequestAttributes(const Decl& decl, pugi::xml_node request) {
     if (name == "iterator" && value != "Start" && value != "Continue" && value != "Stop")
       return Structure("Attribute \"iterator\" has the invalid value " + Quote(value) + ".");
   }
-  return {};
+  if (relaxOrder) OrderChildren(decl, request);
+  return CheckElement(decl, request, version);
 }
 
 void OrderChildren(const Decl& decl, pugi::xml_node node,

@@ -311,11 +311,12 @@ void DeclBuilder::Request(const std::string& name, std::string_view fields, std:
   }
 }
 
-void DeclBuilder::SubscriptionRequest(const std::string& name, std::string_view fields) {
+void DeclBuilder::SubscriptionRequest(const std::string& name, std::string_view fields, std::string_view version) {
   Parser p{*this, 0};
   int id = p.Complex(name, fields, 1);
   d_.decls_[static_cast<std::size_t>(id)].attributes.emplace_back("requestID");
   d_.subRequests_[name] = id;
+  if (!version.empty()) d_.requestVersions_[name] = ParseVersion(version);
 }
 
 // ---- the declarations --------------------------------------------------------------------------

@@ -129,7 +129,7 @@ class DeclBuilder {
   // A request element and its body; `version` is the qbXML version that brought the request.
   void Request(const std::string& name, std::string_view fields, std::string attributes = "requestID",
                std::string_view version = {});
-  void SubscriptionRequest(const std::string& name, std::string_view fields);
+  void SubscriptionRequest(const std::string& name, std::string_view fields, std::string_view version = {});
   const std::string& AggregateText(const std::string& name) const;
 
  private:
@@ -157,9 +157,11 @@ struct Problem {
 // QuickBooks' parser refuses) is returned at once; otherwise the first value problem, if any.
 Problem CheckElement(const Decl& decl, pugi::xml_node node, int version);
 
-// Checks the attributes of a request element (requestID everywhere; metaData, iterator and
-// iteratorID where declared) and their values. A structural problem when one is wrong.
-Problem CheckRequestAttributes(const Decl& decl, pugi::xml_node request);
+// Checks a request element as QuickBooks' parser does: that qbXML `version` has the request, its
+// attributes (requestID everywhere; metaData, iterator and iteratorID where declared) and their
+// values, and its content as CheckElement does, after putting the children in declared order when
+// `relaxOrder`. A structural problem refuses the document; a value problem is the request's status.
+Problem CheckRequest(const Decl& decl, pugi::xml_node request, int version, bool relaxOrder);
 
 // Puts the children of `node` (and of its complex children) in declared order. `visit` is called on
 // every complex element, before its children are ordered.

@@ -129,10 +129,10 @@ void DeclareSubscriptions(DeclBuilder& b) {
                                 std::pair{std::string("UIExtensionSubscription"), extension}}) {
     b.Element(prefix + "Ret", fields, 'r');
     b.Element(prefix + "Add", fields, 'a');
-    b.SubscriptionRequest(prefix + "AddRq", "@" + prefix + "Add!");
-    b.SubscriptionRequest(prefix + "QueryRq", "SubscriberID!:guid");
+    b.SubscriptionRequest(prefix + "AddRq", "@" + prefix + "Add!", "3.0");
+    b.SubscriptionRequest(prefix + "QueryRq", "SubscriberID!:guid", "3.0");
   }
-  b.SubscriptionRequest("SubscriptionDelRq", "SubscriberID!:guid SubscriptionType!:e(Data|UI|UIExtension)");
+  b.SubscriptionRequest("SubscriptionDelRq", "SubscriberID!:guid SubscriptionType!:e(Data|UI|UIExtension)", "3.0");
 }
 
 std::string ProcessSubscriptions(std::string_view text, const HostFacts& facts) {
@@ -146,9 +146,7 @@ std::string ProcessSubscriptions(std::string_view text, const HostFacts& facts) 
     if (child.type() != pugi::node_element) continue;
     const Decl* decl = Declarations::Get().SubscriptionRequest(child.name());
     if (!decl) refuse("Unknown request \"" + std::string(child.name()) + "\".");
-    if (Problem p = CheckRequestAttributes(*decl, child)) refuse(p.message);
-    if (facts.RelaxElementOrder) OrderChildren(*decl, child);
-    Problem p = CheckElement(*decl, child, doc.Version());
+    Problem p = CheckRequest(*decl, child, doc.Version(), facts.RelaxElementOrder);
     if (p.kind == Problem::Kind::Structure) refuse(p.message);
     requests.emplace_back(child, std::move(p));
   }

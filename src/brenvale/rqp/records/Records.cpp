@@ -4,7 +4,6 @@
 
 #include "brenvale/rqp/protocol/Status.hpp"
 #include "brenvale/rqp/protocol/Text.hpp"
-#include "brenvale/rqp/records/RecordWriter.hpp"
 
 namespace brenvale::rqp::detail {
 namespace {

@@ -17,35 +17,9 @@
 #include <vector>
 
 #include "brenvale/core/RequestProcessor.hpp"
+#include "brenvale/rqp/HostFacts.hpp"
 
 namespace brenvale::rqp {
-
-// What the engine says about itself (the host query) and which qbXML versions it accepts.
-struct HostFacts {
-  std::string ProductName = "QuickBooks Pro 2024";
-  int MajorVersion = 34;
-  int MinorVersion = 0;
-  std::string Country = "US";  // "US", "CA" or "UK"
-  // In ascending order; the last is the newest.
-  std::vector<std::string> SupportedVersions = {"1.0", "1.1", "2.0", "2.1", "3.0",  "4.0",  "4.1",  "5.0",
-                                                "6.0", "7.0", "8.0", "9.0", "10.0", "11.0", "12.0", "13.0"};
-  bool IsAutomaticLogin = false;
-  // Where event subscriptions are kept (a SQLite file shared by every engine that names it).
-  // Empty: kept in memory, shared by the engines of this process.
-  std::string SubscriptionStore;
-};
-
-// QuickBooks' request-processor error numbers used by the engine.
-namespace hresult {
-inline constexpr std::int32_t kParseError = static_cast<std::int32_t>(0x80040400u);
-inline constexpr std::int32_t kCouldNotAccess = static_cast<std::int32_t>(0x80040401u);
-inline constexpr std::int32_t kUnexpected = static_cast<std::int32_t>(0x80040402u);
-inline constexpr std::int32_t kCouldNotOpenFile = static_cast<std::int32_t>(0x80040403u);
-inline constexpr std::int32_t kBeginSessionNotCalled = static_cast<std::int32_t>(0x8004040Cu);
-inline constexpr std::int32_t kInvalidTicket = static_cast<std::int32_t>(0x8004040Du);
-inline constexpr std::int32_t kFileOpenInOtherMode = static_cast<std::int32_t>(0x80040410u);
-inline constexpr std::int32_t kSessionAlreadyBegun = static_cast<std::int32_t>(0x80040411u);
-}  // namespace hresult
 
 namespace detail {
 class Company;

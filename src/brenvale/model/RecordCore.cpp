@@ -23,9 +23,6 @@ constexpr std::uint8_t kChanged = ValueStore::kChanged;
 std::uint64_t BitsOf(double value) { return std::bit_cast<std::uint64_t>(value); }
 double DoubleOf(std::uint64_t bits) { return std::bit_cast<double>(bits); }
 
-// The text of an element (qbXML values are one text node): as it lies in the document, no copy.
-std::string_view ElementText(const pugi::xml_node& node, std::string&) { return node.child_value(); }
-
 // The same, measured in one pass that also notes a lead byte of a C1 control (what a Windows-1252
 // reference of codes 128-159 decodes to), which the text must then have fixed.
 std::string_view ElementText(const pugi::xml_node& node, bool& maybeC1) {
@@ -271,44 +268,41 @@ void RecordCore::ReadFrom(const DomNode& element) {
 bool RecordCore::ReadField(FieldId id, const DomNode& node) {
   const FieldDef& f = decl_->Field(id);
   const pugi::xml_node& raw = node.Raw();
-  std::string scratch;
   switch (f.kind) {
     case ValueKind::Text: {
       bool maybeC1 = false;
-      values_.SetText(id, ElementText(raw, maybeC1), 0);
+      values_.ReadText(id, ElementText(raw, maybeC1));
       if (maybeC1) values_.FixC1(id);
       return true;
     }
-    case ValueKind::Bool: values_.SetBits(id, TextToBool(ElementText(raw, scratch)) ? 1 : 0, 0); return true;
+    case ValueKind::Bool: values_.ReadBits(id, TextToBool(raw.child_value()) ? 1 : 0); return true;
     case ValueKind::Int:
       try {
-        values_.SetBits(id, static_cast<std::uint64_t>(static_cast<std::int64_t>(TextToLong(ElementText(raw, scratch)))), 0);
+        values_.ReadBits(id, static_cast<std::uint64_t>(static_cast<std::int64_t>(TextToLong(raw.child_value()))));
       } catch (const BrenvaleError&) {
         return false;
       }
       return true;
     case ValueKind::Amount:
-      values_.SetBits(id, static_cast<std::uint64_t>(TextToAmount(ElementText(raw, scratch)).Units()), 0);
+      values_.ReadBits(id, static_cast<std::uint64_t>(TextToAmount(raw.child_value()).Units()));
       return true;
     case ValueKind::Price:
     case ValueKind::Quantity: {
-      const auto number = TextToNumber(ElementText(raw, scratch));
+      const auto number = TextToNumber(raw.child_value());
       if (!number) return false;
-      values_.SetBits(id, BitsOf(*number), 0);
+      values_.ReadBits(id, BitsOf(*number));
       return true;
     }
     case ValueKind::Date:
-    case ValueKind::DateTime:
-      values_.SetBits(id, BitsOf(TextToDate(ElementText(raw, scratch)).Value()), 0);
-      return true;
+    case ValueKind::DateTime: values_.ReadBits(id, BitsOf(TextToDate(raw.child_value()).Value())); return true;
     case ValueKind::Enum: {
-      const auto code = EnumCatalogue(f.enumType).CodeOfText(ElementText(raw, scratch));
+      const auto code = EnumCatalogue(f.enumType).CodeOfText(raw.child_value());
       if (!code) return false;
-      values_.SetBits(id, static_cast<std::uint64_t>(static_cast<std::int64_t>(*code)), 0);
+      values_.ReadBits(id, static_cast<std::uint64_t>(static_cast<std::int64_t>(*code)));
       return true;
     }
     case ValueKind::Ref:
-      values_.SetPair(id, ChildValue(raw, "ListID"), ChildValue(raw, "FullName"), ValueStore::kPair);
+      values_.ReadPair(id, ChildValue(raw, "ListID"), ChildValue(raw, "FullName"), ValueStore::kPair);
       values_.FixC1(id);
       return true;
     case ValueKind::Aggregate: Nested(id).ReadFrom(node); return true;

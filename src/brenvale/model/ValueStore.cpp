@@ -82,7 +82,7 @@ void ValueStore::Grow(std::size_t slots, std::size_t text) {
   const std::size_t count = block_ ? block_->count : 0;
   const std::size_t live = block_ ? block_->textSize - block_->dead : 0;
   std::size_t slotCapacity = block_ ? block_->capacity : 0;
-  if (count + slots > slotCapacity) slotCapacity = std::max<std::size_t>({count + slots, slotCapacity * 2, 4});
+  if (count + slots > slotCapacity) slotCapacity = std::max<std::size_t>({count + slots, slotCapacity * 2, 8});
   std::size_t textCapacity = block_ ? block_->textCapacity : 0;
   if (live + text > textCapacity) textCapacity = std::max<std::size_t>({live + text, textCapacity * 3 / 2, 64});
   if (slotCapacity > 0xFFFF) throw std::bad_alloc();
@@ -157,6 +157,40 @@ void ValueStore::SetPair(FieldId id, std::string_view first, std::string_view se
   s.bits = first.size() + second.size();
   s.extra = static_cast<std::uint16_t>(first.size());
   s.flags = static_cast<std::uint8_t>(flags | kText | ((flags & kPair) ? kPair : 0));
+}
+
+ValueStore::Slot* ValueStore::AppendSlot(FieldId id, std::size_t text) {
+  if (!block_ || block_->count == block_->capacity || block_->textSize + text > block_->textCapacity) return nullptr;
+  Slot* slots = SlotsOf(block_);
+  if (block_->count > 0 && slots[block_->count - 1].id >= id) return nullptr;
+  Slot* s = slots + block_->count++;
+  *s = Slot{id, 0, 0, 0, 0};
+  return s;
+}
+
+void ValueStore::ReadPair(FieldId id, std::string_view first, std::string_view second, std::uint8_t flags) {
+  const std::size_t size = first.size() + second.size();
+  Slot* s = first.size() <= 0xFFFF ? AppendSlot(id, size) : nullptr;
+  if (!s) {
+    SetPair(id, first, second, flags);
+    return;
+  }
+  char* out = TextOf(block_) + block_->textSize;
+  if (!first.empty()) std::memcpy(out, first.data(), first.size());
+  if (!second.empty()) std::memcpy(out + first.size(), second.data(), second.size());
+  s->offset = block_->textSize;
+  s->bits = size;
+  s->extra = static_cast<std::uint16_t>(first.size());
+  s->flags = static_cast<std::uint8_t>(flags | kText);
+  block_->textSize += static_cast<std::uint32_t>(size);
+}
+
+void ValueStore::ReadBits(FieldId id, std::uint64_t bits) {
+  if (Slot* s = AppendSlot(id, 0)) {
+    s->bits = bits;
+    return;
+  }
+  SetBits(id, bits, 0);
 }
 
 void ValueStore::SetBits(FieldId id, std::uint64_t bits, std::uint8_t flags) {

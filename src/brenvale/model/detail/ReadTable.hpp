@@ -24,7 +24,7 @@ class ReadTable {
     const std::size_t n = entries_.size();
     for (std::size_t step = 0, at = cursor; step < n; ++step, at = at + 1 == n ? 0 : at + 1) {
       const Entry& e = entries_[at];
-      if (e.size == tag.size() && e.data[0] == tag[0] && std::string_view(e.data, e.size) == tag) {
+      if (e.size == tag.size() && Same(e.data, tag)) {
         cursor = at + 1 == n ? 0 : at + 1;
         return e.id;
       }
@@ -36,6 +36,12 @@ class ReadTable {
   static const ReadTable& Of(const RecordDecl& decl);
 
  private:
+  // Tags are short: a plain loop beats a call to a library comparison.
+  static bool Same(const char* a, std::string_view b) {
+    for (std::size_t i = 0; i < b.size(); ++i)
+      if (a[i] != b[i]) return false;
+    return true;
+  }
   struct Entry {
     const char* data;
     std::uint32_t size;

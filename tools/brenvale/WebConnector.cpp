@@ -9,6 +9,7 @@
 #include <iostream>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 #include "brenvale/core/ProcessorRegistry.hpp"
@@ -126,7 +127,7 @@ int RunServe(const GlobalOptions& g, const ServeOptions& o) {
   options.hold = Milliseconds(o.hold);
   options.sessionIdle = std::max(options.sessionIdle, 3 * options.hold);
   options.log = [](std::string_view line) { LogLine("webconnector: " + std::string(line)); };
-  wc::Service service(std::move(options));
+  std::optional<wc::Service> service;
 
   // Without a command the service runs until it is told to stop: take SIGINT and SIGTERM on this
   // thread (the service's threads, started after, inherit the mask).
@@ -136,25 +137,26 @@ int RunServe(const GlobalOptions& g, const ServeOptions& o) {
   sigaddset(&stopSignals, SIGTERM);
   if (o.command.empty()) pthread_sigmask(SIG_BLOCK, &stopSignals, nullptr);
   try {
-    service.Start();
+    service.emplace(std::move(options));
+    service->Start();
   } catch (const BrenvaleError& e) {
     if (e.Number() == 75) throw FileError(e.Description());
     throw UsageError(e.Description());
   }
-  LogLine("serving the Web Connector at " + service.Url() + " (its description: " + service.Url() + "?wsdl)");
+  LogLine("serving the Web Connector at " + service->Url() + " (its description: " + service->Url() + "?wsdl)");
 
   if (o.command.empty()) {
     int signal = 0;
     sigwait(&stopSignals, &signal);
     LogLine("stopping");
-    service.Stop();
+    service->Stop();
     return kExitOk;
   }
-  wc::RegisterWebConnector(service, {.sessionWait = Milliseconds(o.wait), .requestWait = Milliseconds(o.wait),
+  wc::RegisterWebConnector(*service, {.sessionWait = Milliseconds(o.wait), .requestWait = Milliseconds(o.wait),
                                      .company = company});
   const int status = RunHostCommand(g, o, company);
   // The host's session has ended; let the Web Connector close its own before the service goes.
-  service.WaitUntilNoSession(Milliseconds(o.hold + 5));
+  service->WaitUntilNoSession(Milliseconds(o.hold + 5));
   return status;
 }
 

@@ -115,6 +115,7 @@ Client::Client(ClientOptions options, std::function<std::shared_ptr<IRequestProc
   t.http->set_read_timeout(options_.callTimeout);
   t.http->set_write_timeout(options_.callTimeout);
   t.http->set_keep_alive(true);
+  t.http->set_tcp_nodelay(true);
   if (url->scheme == "https") {
     t.http->enable_server_certificate_verification(true);
     if (!options_.caFile.empty()) t.http->set_ca_cert_path(options_.caFile);
@@ -124,15 +125,18 @@ Client::Client(ClientOptions options, std::function<std::shared_ptr<IRequestProc
 Client::~Client() = default;
 
 SessionReport Client::RunSession() {
+  SessionReport failed;
   try {
     return Session();
   } catch (const CallFailed& e) {
-    return {SessionOutcome::Failed, e.what(), 0};
+    failed.text = e.what();
   } catch (const BrenvaleError& e) {
-    return {SessionOutcome::Failed, "QuickBooks: " + e.Description() + " (" + HexNumber(e.Number()) + ")", 0};
+    failed.text = "QuickBooks: " + e.Description() + " (" + HexNumber(e.Number()) + ")";
   } catch (const std::exception& e) {
-    return {SessionOutcome::Failed, e.what(), 0};
+    failed.text = e.what();
   }
+  if (options_.log) options_.log("failed: " + failed.text);
+  return failed;
 }
 
 SessionReport Client::Session() {

@@ -183,11 +183,17 @@ void Service::Start() {
   httplib::Server& s = *m.server;
   const std::size_t threads = m.options.threads;
   s.new_task_queue = [threads] { return new httplib::ThreadPool(threads); };
+  s.set_tcp_nodelay(true);  // a call and its answer are one message each: send them at once
   s.set_keep_alive_max_count(100000);
   s.set_keep_alive_timeout(2);
   s.set_read_timeout(60);
   s.set_write_timeout(60);
   s.set_payload_max_length(m.options.maxMessageBytes);
+  // Reuse an address in TIME_WAIT, but never share a port with another listener.
+  s.set_socket_options([](socket_t sock) {
+    int yes = 1;
+    setsockopt(sock, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+  });
   s.Post(".*", [&m](const httplib::Request& rq, httplib::Response& rs) { m.Post(rq, rs); });
   s.Get(".*", [&m](const httplib::Request& rq, httplib::Response& rs) { m.Get(rq, rs); });
   s.set_exception_handler([&m](const httplib::Request& rq, httplib::Response& rs, std::exception_ptr e) {

@@ -57,7 +57,7 @@ pugi::xml_node BodyElement(pugi::xml_document& doc, std::string_view body, Fault
     return {};
   }
   pugi::xml_node envelope = doc.document_element();
-  if (LocalName(envelope) != "Envelope") {
+  if (LocalName(envelope) != "Envelope" || NamespaceOf(envelope).empty()) {
     fault = {"soap:Client", "The message is not a SOAP envelope."};
     return {};
   }

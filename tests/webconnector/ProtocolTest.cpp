@@ -376,6 +376,43 @@ TEST_F(BridgeTest, AQuietHostKeepsTheWebConnectorWaitingWithNoOp) {
   EXPECT_EQ(answer, Rs("<CustomerQueryRs/>"));
 }
 
+TEST_F(BridgeTest, AnIdleHostLetsTheWebConnectorGo) {
+  ServiceOptions o = Options();
+  o.hold = 50ms;
+  o.hostIdle = 300ms;
+  Start(std::move(o));
+  auto host = Host();
+  std::promise<void> go;
+  std::string answer;
+  std::thread hostThread([&] {
+    const std::string t = host->BeginSession("acme", qbOpenModeDontCare);
+    go.get_future().wait();
+    answer = host->ProcessRequest(t, Rq("<CustomerQueryRq/>"));
+    host->EndSession(t);
+  });
+  ScriptedWebConnector wc(Origin());
+  std::string t = wc.AuthenticateWhenWorkWaits("acme", "acme-secret").at(0);
+  std::string sent = wc.Text("sendRequestXML", FirstSend(t));
+  int noOps = 0;
+  for (const auto limit = std::chrono::steady_clock::now() + 20s; sent.empty() && std::chrono::steady_clock::now() < limit;
+       sent = wc.Text("sendRequestXML", NextSend(t))) {
+    EXPECT_EQ(wc.Text("getLastError", {t}), "NoOp");
+    ++noOps;
+  }
+  EXPECT_GT(noOps, 0);
+  EXPECT_NE(sent.find("<HostQueryRq requestID=\"1\"/>"), std::string::npos) << sent;  // the closing query
+  EXPECT_EQ(wc.Number("receiveResponseXML", {t, Rs("<HostQueryRs/>"), "", ""}), 100);
+  wc.Text("closeConnection", {t});
+  EXPECT_EQ(wc.Strings("authenticate", {"acme", "acme-secret"}).at(1), "none");  // still idle
+
+  go.set_value();  // the host has work again: the next update takes it
+  t = wc.AuthenticateWhenWorkWaits("acme", "acme-secret").at(0);
+  EXPECT_EQ(wc.Text("sendRequestXML", FirstSend(t)), Rq("<CustomerQueryRq/>"));
+  EXPECT_EQ(wc.Number("receiveResponseXML", {t, Rs("<CustomerQueryRs/>"), "", ""}), 100);
+  hostThread.join();
+  EXPECT_EQ(answer, Rs("<CustomerQueryRs/>"));
+}
+
 TEST_F(BridgeTest, EveryWaitOfTheHostHasATimeLimit) {
   Start();
   auto host = Host(300ms);

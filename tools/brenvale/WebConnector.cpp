@@ -227,7 +227,8 @@ int RunClient(const GlobalOptions& g, const ClientCommand& o) {
       std::this_thread::sleep_for(std::chrono::seconds(1));
       continue;
     }
-    LogLine("webconnector client: " + std::to_string(report.requests) + " requests relayed");
+    LogLine("webconnector client: relayed " + std::to_string(report.requests) +
+            (report.requests == 1 ? " request" : " requests"));
     return report.outcome == wc::SessionOutcome::Finished || report.outcome == wc::SessionOutcome::NoWork
                ? kExitOk
                : kExitLibrary;

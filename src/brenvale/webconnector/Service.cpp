@@ -115,6 +115,8 @@ struct Service::Impl {
     if (!options.log) return;
     std::string line = rq.remote_addr + " " + std::string(what);
     if (!note.empty()) line += ": " + note;
+    for (char& c : line)
+      if (static_cast<unsigned char>(c) < 0x20) c = '?';  // one line per call, whatever came in
     options.log(line);
   }
 

@@ -89,6 +89,9 @@ std::string Quoted(std::string_view text) {
   return out + (text.size() > 100 ? "...'" : "'");
 }
 
+// "1 request", "3 requests".
+std::string Requests(int n) { return std::to_string(n) + (n == 1 ? " request" : " requests"); }
+
 // Enough of a ticket to follow a session in the log, not enough to use it.
 std::string TicketTag(std::string_view ticket) { return "session " + Quoted(ticket.substr(0, 8)); }
 
@@ -246,7 +249,7 @@ std::vector<std::string> Hub::Authenticate(std::string_view user, std::string_vi
   const auto now = Clock::now();
   Sweep(now);
   Channel& c = channels_.at(u->company);
-  if (stopping_ || (c.hosts == 0 && c.queue.empty())) {
+  if (stopping_ || NothingMore(c, now)) {
     note += ": nothing to do for company " + Quoted(c.company);
     return {ticket, "none"};
   }
@@ -473,11 +476,10 @@ std::string Hub::CloseConnection(const std::string& ticket, std::string& note) {
     note = "unknown ticket";
     return "OK";
   }
-  note = TicketTag(s->ticket) + ": closed after " + std::to_string(s->exchanged) + " requests";
+  note = TicketTag(s->ticket) + ": closed after " + Requests(s->exchanged);
   if (s->stage != Session::Stage::Closed) Close(*s, {}, "closed its session");
   sessions_.erase(ticket);
-  return "OK: " + std::to_string(s->exchanged) + (s->exchanged == 1 ? " request" : " requests") +
-         " exchanged with company " + s->company + ".";
+  return "OK: " + Requests(s->exchanged) + " exchanged with company " + s->company + ".";
 }
 
 // --- the host's side --------------------------------------------------------------------------------

@@ -5,7 +5,7 @@
 
 #include "brenvale/Brenvale.hpp"
 #include "brenvale/qbxml/Session.hpp"
-#include "brenvale/webconnector/Hresult.hpp"
+#include "brenvale/core/ProcessorHresult.hpp"
 #include "webconnector/WebConnectorTestSupport.hpp"
 
 namespace brenvale::webconnector::testing {
@@ -138,10 +138,8 @@ TEST_F(BridgeTest, HttpsWithTheUsersCertificate) {
   trusting.caFile = certificate.string();
   auto host = Host();
   std::string answer;
-  std::thread hostThread([&] {
-    const std::string t = host->BeginSession("acme", qbOpenModeDontCare);
+  std::thread hostThread = HostDoing(host, [&](const std::string& t) {
     answer = host->ProcessRequest(t, Rq("<JobTypeQueryRq requestID=\"1\"/>"));
-    host->EndSession(t);
   });
   {
     WebConnectorLoop ours(trusting, Engine);
@@ -162,29 +160,6 @@ TEST_F(BridgeTest, HttpsWithTheUsersCertificate) {
   // Plain http to the https port gets no answer.
   ScriptedWebConnector http("http://127.0.0.1:" + std::to_string(service_->Port()));
   EXPECT_NE(http.Post(Recorded("serverVersion", "")).first, 200);
-}
-
-TEST_F(BridgeTest, OurWebConnectorReportsWhatQuickBooksCannotOpen) {
-  Start();
-  auto host = Host();
-  BrenvaleError e(0, {}, {});
-  std::thread hostThread([&] {
-    const std::string t = host->BeginSession("acme", qbOpenModeDontCare);
-    e = Raised([&] { host->QBXMLVersionsForSession(t); });
-    host->EndSession(t);
-  });
-  ClientOptions o = OurWebConnector("acme", "acme-secret", "no-such-folder/acme.qbw");
-  Client client(o, Engine);
-  SessionReport report;
-  const auto limit = std::chrono::steady_clock::now() + 20s;
-  do {
-    report = client.RunSession();
-  } while (report.outcome == SessionOutcome::NoWork && std::chrono::steady_clock::now() < limit);
-  hostThread.join();
-  EXPECT_EQ(report.outcome, SessionOutcome::Failed);
-  EXPECT_EQ(e.Number() & 0xFFFF0000, static_cast<std::int32_t>(0x80040000u));
-  EXPECT_EQ(e.Description(), report.text);
-  EXPECT_FALSE(fs::exists(dir_ / "no-such-folder"));
 }
 
 }  // namespace

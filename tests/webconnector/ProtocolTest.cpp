@@ -7,7 +7,7 @@
 #include <future>
 #include <regex>
 
-#include "brenvale/webconnector/Hresult.hpp"
+#include "brenvale/core/ProcessorHresult.hpp"
 #include "webconnector/WebConnectorTestSupport.hpp"
 
 namespace brenvale::webconnector::testing {
@@ -94,13 +94,11 @@ TEST_F(BridgeTest, ASessionCallByCall) {
          "did not find a matching object in QuickBooks\"/>");
   std::string hostAnswer, hostQuery, file;
   std::vector<std::string> versions;
-  std::thread hostThread([&] {
-    const std::string t = host->BeginSession("acme", qbOpenModeDontCare);
+  std::thread hostThread = HostDoing(host, [&](const std::string& t) {
     versions = host->QBXMLVersionsForSession(t);
     file = host->GetCurrentCompanyFileName(t);
     hostQuery = host->ProcessRequest(t, Rq("<HostQueryRq requestID=\"1\"/>"));  // from the first call
     hostAnswer = host->ProcessRequest(t, request);
-    host->EndSession(t);
   });
 
   ScriptedWebConnector wc(Origin());
@@ -137,12 +135,10 @@ TEST_F(BridgeTest, ARetriedResponseIsDeliveredOnce) {
   const std::string b = Rs("<VendorQueryRs requestID=\"1\" statusCode=\"0\"/>");
   std::vector<std::string> answers;
   BrenvaleError bad(0, {}, {});
-  std::thread hostThread([&] {
-    const std::string t = host->BeginSession("acme", qbOpenModeDontCare);
-    bad = Raised([&] { host->ProcessRequest(t, Rq("<CustomerQueryRq>\x01</CustomerQueryRq>")); });
+  std::thread hostThread = HostDoing(host, [&](const std::string& t) {
+    bad = RaisedBy([&] { host->ProcessRequest(t, Rq("<CustomerQueryRq>\x01</CustomerQueryRq>")); });
     answers.push_back(host->ProcessRequest(t, r1));
     answers.push_back(host->ProcessRequest(t, r2));
-    host->EndSession(t);
   });
   ScriptedWebConnector wc(Origin());
   const std::string t = wc.AuthenticateWhenWorkWaits("acme", "acme-secret").at(0);
@@ -172,11 +168,9 @@ TEST_F(BridgeTest, QuickBooksRefusingADocumentReachesTheHost) {
   auto host = Host();
   BrenvaleError refused(0, {}, {});
   std::string after;
-  std::thread hostThread([&] {
-    const std::string t = host->BeginSession("acme", qbOpenModeDontCare);
-    refused = Raised([&] { host->ProcessRequest(t, Rq("<CustomerQueryRq/>")); });
+  std::thread hostThread = HostDoing(host, [&](const std::string& t) {
+    refused = RaisedBy([&] { host->ProcessRequest(t, Rq("<CustomerQueryRq/>")); });
     after = host->ProcessRequest(t, Rq("<VendorQueryRq/>"));
-    host->EndSession(t);
   });
   ScriptedWebConnector wc(Origin());
   const std::string t = wc.AuthenticateWhenWorkWaits("acme", "acme-secret").at(0);
@@ -198,10 +192,7 @@ TEST_F(BridgeTest, QuickBooksRefusingADocumentReachesTheHost) {
 TEST_F(BridgeTest, AWrongPasswordIsRefusedAndNoPasswordIsLogged) {
   Start();
   auto host = Host();
-  std::thread hostThread([&] {
-    const std::string t = host->BeginSession("acme", qbOpenModeDontCare);
-    host->EndSession(t);
-  });
+  std::thread hostThread = HostDoing(host, [](const std::string&) {});
   ScriptedWebConnector wc(Origin());
   for (auto [user, password] : {std::pair{"acme", "bolt-secret"}, std::pair{"acme", ""}, std::pair{"nobody", "acme-secret"},
                                 std::pair{"ACME", "acme-secret"}})
@@ -236,12 +227,10 @@ TEST_F(BridgeTest, AWebConnectorThatDisappearsCostsOneRequestNeverTwo) {
   std::promise<BrenvaleError> lost;
   std::promise<void> weCame;
   std::string queried;
-  std::thread hostThread([&] {
-    const std::string t = host->BeginSession("acme", qbOpenModeDontCare);
-    lost.set_value(Raised([&] { host->ProcessRequest(t, add); }));
+  std::thread hostThread = HostDoing(host, [&](const std::string& t) {
+    lost.set_value(RaisedBy([&] { host->ProcessRequest(t, add); }));
     weCame.get_future().wait();
     queried = host->ProcessRequest(t, query);
-    host->EndSession(t);
   });
 
   // A Web Connector takes the request, QuickBooks applies it, and the Web Connector is gone.
@@ -284,12 +273,11 @@ TEST_F(BridgeTest, AWebConnectorThatDisappearsCostsOneRequestNeverTwo) {
 TEST_F(BridgeTest, QuickBooksThatCannotBeOpenedReachesTheHost) {
   Start();
   auto host = Host();
+  auto hostExpectingFailure = [&](BrenvaleError& e) {
+    return HostDoing(host, [&](const std::string& t) { e = RaisedBy([&] { host->QBXMLVersionsForSession(t); }); });
+  };
   BrenvaleError e(0, {}, {});
-  std::thread hostThread([&] {
-    const std::string t = host->BeginSession("acme", qbOpenModeDontCare);
-    e = Raised([&] { host->QBXMLVersionsForSession(t); });
-    host->EndSession(t);
-  });
+  std::thread hostThread = hostExpectingFailure(e);
   ScriptedWebConnector wc(Origin());
   const std::string t = wc.AuthenticateWhenWorkWaits("acme", "acme-secret").at(0);
   EXPECT_EQ(wc.Text("connectionError", {t, "0x80040408", "Could not start QuickBooks."}), "done");
@@ -298,6 +286,21 @@ TEST_F(BridgeTest, QuickBooksThatCannotBeOpenedReachesTheHost) {
   hostThread.join();
   EXPECT_EQ(e.Number(), static_cast<std::int32_t>(0x80040408u));
   EXPECT_EQ(e.Description(), "Could not start QuickBooks.");
+
+  // Our Web Connector reports what its company engine cannot open the same way.
+  BrenvaleError engineSays(0, {}, {});
+  hostThread = hostExpectingFailure(engineSays);
+  Client client(OurWebConnector("acme", "acme-secret", "no-such-folder/acme.qbw"), Engine);
+  SessionReport report;
+  const auto limit = std::chrono::steady_clock::now() + 20s;
+  do {
+    report = client.RunSession();
+  } while (report.outcome == SessionOutcome::NoWork && std::chrono::steady_clock::now() < limit);
+  hostThread.join();
+  EXPECT_EQ(report.outcome, SessionOutcome::Failed);
+  EXPECT_EQ(engineSays.Number() & 0xFFFF0000, static_cast<std::int32_t>(0x80040000u));
+  EXPECT_EQ(engineSays.Description(), report.text);
+  EXPECT_FALSE(fs::exists(dir_ / "no-such-folder"));
 }
 
 TEST_F(BridgeTest, AUserExchangesWithItsOwnCompanyFileOnly) {
@@ -305,11 +308,9 @@ TEST_F(BridgeTest, AUserExchangesWithItsOwnCompanyFileOnly) {
   Start();
   auto host = Host();
   std::string file;
-  std::thread hostThread([&] {
-    const std::string t = host->BeginSession("c:/company files/ACME.QBW", qbOpenModeDontCare);  // by its file
+  std::thread hostThread = HostDoing(host, [&](const std::string& t) {  // by its file
     file = host->GetCurrentCompanyFileName(t);
-    host->EndSession(t);
-  });
+  }, "c:/company files/ACME.QBW");
   ScriptedWebConnector wc(Origin());
   std::vector<std::string> auth = wc.AuthenticateWhenWorkWaits("acme", "acme-secret");
   EXPECT_EQ(auth.at(1), kAcmeFile);  // QuickBooks is told which file to open
@@ -333,11 +334,7 @@ TEST_F(BridgeTest, OneWebConnectorServesACompanyAtATime) {
   Start();
   auto host = Host();
   std::promise<void> finish;
-  std::thread hostThread([&] {
-    const std::string t = host->BeginSession("acme", qbOpenModeDontCare);
-    finish.get_future().wait();
-    host->EndSession(t);
-  });
+  std::thread hostThread = HostDoing(host, [&](const std::string&) { finish.get_future().wait(); });
   ScriptedWebConnector wc(Origin());
   const std::string first = wc.AuthenticateWhenWorkWaits("acme", "acme-secret").at(0);
   EXPECT_EQ(wc.Strings("authenticate", {"acme2", "acme-secret"}).at(1), "busy");
@@ -352,86 +349,67 @@ TEST_F(BridgeTest, OneWebConnectorServesACompanyAtATime) {
   hostThread.join();
 }
 
-TEST_F(BridgeTest, AQuietHostKeepsTheWebConnectorWaitingWithNoOp) {
-  ServiceOptions o = Options();
-  o.hold = 50ms;
-  Start(std::move(o));
-  auto host = Host();
-  std::promise<void> go;
-  std::string answer;
-  std::thread hostThread([&] {
-    const std::string t = host->BeginSession("acme", qbOpenModeDontCare);
-    go.get_future().wait();
-    answer = host->ProcessRequest(t, Rq("<CustomerQueryRq/>"));
-    host->EndSession(t);
-  });
-  ScriptedWebConnector wc(Origin());
-  const std::string t = wc.AuthenticateWhenWorkWaits("acme", "acme-secret").at(0);
-  EXPECT_EQ(wc.Text("sendRequestXML", FirstSend(t)), "");
-  EXPECT_EQ(wc.Text("getLastError", {t}), "NoOp");
-  go.set_value();
-  EXPECT_EQ(wc.Text("sendRequestXML", NextSend(t)), Rq("<CustomerQueryRq/>"));
-  EXPECT_EQ(wc.Number("receiveResponseXML", {t, Rs("<CustomerQueryRs/>"), "", ""}), 100);
-  hostThread.join();
-  EXPECT_EQ(answer, Rs("<CustomerQueryRs/>"));
-}
-
-TEST_F(BridgeTest, AnIdleHostLetsTheWebConnectorGo) {
+TEST_F(BridgeTest, AQuietHostKeepsTheWebConnectorWithNoOpAndAnIdleOneLetsItGo) {
   ServiceOptions o = Options();
   o.hold = 50ms;
   o.hostIdle = 300ms;
   Start(std::move(o));
   auto host = Host();
-  std::promise<void> go;
-  std::string answer;
-  std::thread hostThread([&] {
-    const std::string t = host->BeginSession("acme", qbOpenModeDontCare);
-    go.get_future().wait();
-    answer = host->ProcessRequest(t, Rq("<CustomerQueryRq/>"));
-    host->EndSession(t);
+  std::promise<void> first, second;
+  std::vector<std::string> answers;
+  std::thread hostThread = HostDoing(host, [&](const std::string& t) {
+    first.get_future().wait();
+    answers.push_back(host->ProcessRequest(t, Rq("<CustomerQueryRq/>")));
+    second.get_future().wait();
+    answers.push_back(host->ProcessRequest(t, Rq("<VendorQueryRq/>")));
   });
   ScriptedWebConnector wc(Origin());
   std::string t = wc.AuthenticateWhenWorkWaits("acme", "acme-secret").at(0);
-  std::string sent = wc.Text("sendRequestXML", FirstSend(t));
-  int noOps = 0;
+  EXPECT_EQ(wc.Text("sendRequestXML", FirstSend(t)), "");  // the host is thinking
+  EXPECT_EQ(wc.Text("getLastError", {t}), "NoOp");
+  first.set_value();
+  EXPECT_EQ(wc.Text("sendRequestXML", NextSend(t)), Rq("<CustomerQueryRq/>"));
+  const int progress = wc.Number("receiveResponseXML", {t, Rs("<CustomerQueryRs/>"), "", ""});
+  EXPECT_GT(progress, 0);
+  EXPECT_LT(progress, 100);
+
+  // The host stays quiet past its idle limit: the Web Connector is let go with the closing query.
+  std::string sent = wc.Text("sendRequestXML", NextSend(t));
   for (const auto limit = std::chrono::steady_clock::now() + 20s; sent.empty() && std::chrono::steady_clock::now() < limit;
-       sent = wc.Text("sendRequestXML", NextSend(t))) {
+       sent = wc.Text("sendRequestXML", NextSend(t)))
     EXPECT_EQ(wc.Text("getLastError", {t}), "NoOp");
-    ++noOps;
-  }
-  EXPECT_GT(noOps, 0);
-  EXPECT_NE(sent.find("<HostQueryRq requestID=\"1\"/>"), std::string::npos) << sent;  // the closing query
+  EXPECT_NE(sent.find("<HostQueryRq requestID=\"1\"/>"), std::string::npos) << sent;
   EXPECT_EQ(wc.Number("receiveResponseXML", {t, Rs("<HostQueryRs/>"), "", ""}), 100);
   wc.Text("closeConnection", {t});
   EXPECT_EQ(wc.Strings("authenticate", {"acme", "acme-secret"}).at(1), "none");  // still idle
 
-  go.set_value();  // the host has work again: the next update takes it
+  second.set_value();  // work again: the next update takes it
   t = wc.AuthenticateWhenWorkWaits("acme", "acme-secret").at(0);
-  EXPECT_EQ(wc.Text("sendRequestXML", FirstSend(t)), Rq("<CustomerQueryRq/>"));
-  EXPECT_EQ(wc.Number("receiveResponseXML", {t, Rs("<CustomerQueryRs/>"), "", ""}), 100);
+  EXPECT_EQ(wc.Text("sendRequestXML", FirstSend(t)), Rq("<VendorQueryRq/>"));
+  EXPECT_EQ(wc.Number("receiveResponseXML", {t, Rs("<VendorQueryRs/>"), "", ""}), 100);
   hostThread.join();
-  EXPECT_EQ(answer, Rs("<CustomerQueryRs/>"));
+  EXPECT_EQ(answers, (std::vector<std::string>{Rs("<CustomerQueryRs/>"), Rs("<VendorQueryRs/>")}));
 }
 
 TEST_F(BridgeTest, EveryWaitOfTheHostHasATimeLimit) {
   Start();
   auto host = Host(300ms);
-  BrenvaleError e = Raised([&] { host->BeginSession("acme", qbOpenModeDontCare); });
+  BrenvaleError e = RaisedBy([&] { host->BeginSession("acme", qbOpenModeDontCare); });
   EXPECT_EQ(e.Number(), hresult::kCouldNotAccess);
   EXPECT_EQ(e.Description(), "Could not access QuickBooks. No Web Connector of the company 'acme' logged in within "
                              "0.3 seconds. Run the Web Connector (Update Selected) or shorten its schedule.");
-  e = Raised([&] { host->BeginSession("nowhere", qbOpenModeDontCare); });
+  e = RaisedBy([&] { host->BeginSession("nowhere", qbOpenModeDontCare); });
   EXPECT_EQ(e.Number(), hresult::kCouldNotOpenFile);
   EXPECT_NE(e.Description().find("the companies served are 'acme', 'bolt'"), std::string::npos) << e.Description();
-  EXPECT_EQ(Raised([&] { host->BeginSession("", qbOpenModeDontCare); }).Number(), hresult::kCouldNotOpenFile);
-  EXPECT_EQ(Raised([&] { host->ProcessRequest("", Rq("")); }).Number(), hresult::kBeginSessionNotCalled);
-  EXPECT_EQ(Raised([&] { host->ProcessSubscription(Rq("")); }).Number(), 438);
+  EXPECT_EQ(RaisedBy([&] { host->BeginSession("", qbOpenModeDontCare); }).Number(), hresult::kCouldNotOpenFile);
+  EXPECT_EQ(RaisedBy([&] { host->ProcessRequest("", Rq("")); }).Number(), hresult::kBeginSessionNotCalled);
+  EXPECT_EQ(RaisedBy([&] { host->ProcessSubscription(Rq("")); }).Number(), 438);
   auto unopened = service_->ProcessorFactory()();
-  EXPECT_EQ(Raised([&] { unopened->BeginSession("acme", qbOpenModeDontCare); }).Number(), hresult::kCouldNotAccess);
+  EXPECT_EQ(RaisedBy([&] { unopened->BeginSession("acme", qbOpenModeDontCare); }).Number(), hresult::kCouldNotAccess);
 
   // A stopped service answers at once.
   service_->Stop();
-  e = Raised([&] { Host(20s)->BeginSession("acme", qbOpenModeDontCare); });
+  e = RaisedBy([&] { Host(20s)->BeginSession("acme", qbOpenModeDontCare); });
   EXPECT_EQ(e.Description(), "Could not access QuickBooks. The Web Connector service has stopped.");
 }
 
@@ -439,24 +417,24 @@ TEST_F(BridgeTest, PlainHttpIsServedOnTheLoopbackAddressOnly) {
   for (const char* address : {"0.0.0.0", "192.168.1.20", "example.com"}) {
     ServiceOptions o = Options();
     o.address = address;
-    BrenvaleError e = Raised([&] { Service s(std::move(o)); });
+    BrenvaleError e = RaisedBy([&] { Service s(std::move(o)); });
     EXPECT_EQ(e.Number(), 5) << address;
     EXPECT_NE(e.Description().find("Plain http is served on the loopback address only"), std::string::npos);
   }
   ServiceOptions half = Options();
   half.certificateFile = "cert.pem";
-  EXPECT_EQ(Raised([&] { Service s(std::move(half)); }).Number(), 5);
+  EXPECT_EQ(RaisedBy([&] { Service s(std::move(half)); }).Number(), 5);
   ServiceOptions missing = Options();
   missing.certificateFile = (dir_ / "none.pem").string();
   missing.keyFile = (dir_ / "none.key").string();
   Service unreadable(std::move(missing));
-  EXPECT_EQ(Raised([&] { unreadable.Start(); }).Number(), 75);
+  EXPECT_EQ(RaisedBy([&] { unreadable.Start(); }).Number(), 75);
 
   Start();
   ServiceOptions taken = Options();
   taken.port = service_->Port();
   Service second(std::move(taken));
-  BrenvaleError e = Raised([&] { second.Start(); });
+  BrenvaleError e = RaisedBy([&] { second.Start(); });
   EXPECT_NE(e.Description().find("cannot listen on 127.0.0.1:" + std::to_string(service_->Port())), std::string::npos);
 }
 

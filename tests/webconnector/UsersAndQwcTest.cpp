@@ -20,7 +20,7 @@ TEST(Users, PasswordsAreHashedSaltedAndChecked) {
   EXPECT_TRUE(Users::PasswordMatches("s3cret", other));
   for (const char* wrong : {"", "s3cre", "s3cret ", "S3CRET"}) EXPECT_FALSE(Users::PasswordMatches(wrong, kHash)) << wrong;
   EXPECT_FALSE(Users::PasswordMatches("s3cret", "plain s3cret"));
-  EXPECT_EQ(Raised([] { Users::HashPassword("x", 10); }).Number(), 5);
+  EXPECT_EQ(RaisedBy([] { Users::HashPassword("x", 10); }).Number(), 5);
 
   Users users;
   users.Set({"acme", "acme", kHash, {}});
@@ -44,12 +44,12 @@ TEST(Users, BadLinesAreRefusedWithTheirNumber) {
       {"a\x01 acme " + h + "\n", "line 1: the user name holds a blank or a control character"},
   };
   for (const Case& c : cases) {
-    BrenvaleError e = Raised([&] { Users::Parse(c.text, "users file 'u.txt'"); });
+    BrenvaleError e = RaisedBy([&] { Users::Parse(c.text, "users file 'u.txt'"); });
     EXPECT_EQ(e.Number(), 75) << c.text;
     EXPECT_EQ(e.Description().rfind("users file 'u.txt', line ", 0), 0u) << e.Description();
     EXPECT_NE(e.Description().find(c.says), std::string::npos) << e.Description();
   }
-  EXPECT_EQ(Raised([] { Users::Load("/nonexistent/users.txt"); }).Number(), 75);
+  EXPECT_EQ(RaisedBy([] { Users::Load("/nonexistent/users.txt"); }).Number(), 75);
 }
 
 TEST(Users, TheFileKeepsWhatItHadAndReadsBack) {
@@ -67,8 +67,8 @@ TEST(Users, TheFileKeepsWhatItHadAndReadsBack) {
   users.Set({"cole", "acme", kHash, {}});
   EXPECT_EQ(users.Text(), "# our users\nacme  acme  " + kHash + "  C:\\Company Files\\Acme Roofing.qbw \n\n"
                           "bolt  bolt  " + boltHash + "\ncole  acme  " + kHash + "\n");
-  EXPECT_EQ(Raised([&] { users.Set({"dora", "acme", kHash, "C:\\Other.qbw"}); }).Number(), 5);
-  EXPECT_EQ(Raised([&] { users.Set({"has space", "acme", kHash, {}}); }).Number(), 5);
+  EXPECT_EQ(RaisedBy([&] { users.Set({"dora", "acme", kHash, "C:\\Other.qbw"}); }).Number(), 5);
+  EXPECT_EQ(RaisedBy([&] { users.Set({"has space", "acme", kHash, {}}); }).Number(), 5);
 
   const fs::path dir = fs::temp_directory_path() / ("brenvale-users-" + std::to_string(::getpid()));
   fs::create_directories(dir);
@@ -153,7 +153,7 @@ TEST(Qwc, FilesTheWebConnectorWouldRefuseAreNotWritten) {
     f.AppURL = c.url;
     f.AppSupport = c.support;
     c.change(f);
-    BrenvaleError e = Raised([&] { f.Text(); });
+    BrenvaleError e = RaisedBy([&] { f.Text(); });
     EXPECT_EQ(e.Number(), 5) << c.url;
     EXPECT_NE(e.Description().find(c.says), std::string::npos) << e.Description();
   }

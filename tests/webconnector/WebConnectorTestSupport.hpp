@@ -23,6 +23,7 @@
 #include "brenvale/webconnector/Service.hpp"
 #include "brenvale/webconnector/Users.hpp"
 #include "brenvale/webconnector/detail/Soap.hpp"
+#include "support/RaisedBy.hpp"
 
 namespace brenvale::webconnector::testing {
 
@@ -205,6 +206,15 @@ class BridgeTest : public ::testing::Test {
     p->OpenConnection("", "Bridge tests");
     return p;
   }
+  // A host on a thread: begins a session on the company, runs `body` with its ticket, ends the session.
+  static std::thread HostDoing(std::shared_ptr<IRequestProcessor> host, std::function<void(const std::string&)> body,
+                               std::string company = "acme") {
+    return std::thread([host, body = std::move(body), company = std::move(company)] {
+      const std::string ticket = host->BeginSession(company, qbOpenModeDontCare);
+      body(ticket);
+      host->EndSession(ticket);
+    });
+  }
   ClientOptions OurWebConnector(const std::string& user, const std::string& password, const std::string& company) {
     ClientOptions o;
     o.url = service_->Url();
@@ -228,17 +238,7 @@ class BridgeTest : public ::testing::Test {
   std::vector<std::string> log_;
 };
 
-// Runs `f`, which must raise a library error, and returns it.
-template <class F>
-BrenvaleError Raised(F&& f) {
-  try {
-    f();
-  } catch (const BrenvaleError& e) {
-    return e;
-  }
-  ADD_FAILURE() << "no error was raised";
-  return BrenvaleError(0, {}, {});
-}
+using brenvale::testing::RaisedBy;
 
 // A qbXML request document and a response to it.
 inline std::string Rq(const std::string& body) {

@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "brenvale/core/ProcessorHresult.hpp"
 #include "brenvale/core/RequestProcessor.hpp"
 
 namespace brenvale::rqp {
@@ -35,17 +36,8 @@ struct HostFacts {
   std::string SubscriptionStore;
 };
 
-// QuickBooks' request-processor error numbers used by the engine.
-namespace hresult {
-inline constexpr std::int32_t kParseError = static_cast<std::int32_t>(0x80040400u);
-inline constexpr std::int32_t kCouldNotAccess = static_cast<std::int32_t>(0x80040401u);
-inline constexpr std::int32_t kUnexpected = static_cast<std::int32_t>(0x80040402u);
-inline constexpr std::int32_t kCouldNotOpenFile = static_cast<std::int32_t>(0x80040403u);
-inline constexpr std::int32_t kBeginSessionNotCalled = static_cast<std::int32_t>(0x8004040Cu);
-inline constexpr std::int32_t kInvalidTicket = static_cast<std::int32_t>(0x8004040Du);
-inline constexpr std::int32_t kFileOpenInOtherMode = static_cast<std::int32_t>(0x80040410u);
-inline constexpr std::int32_t kSessionAlreadyBegun = static_cast<std::int32_t>(0x80040411u);
-}  // namespace hresult
+// QuickBooks' request-processor error numbers, as every processor raises them.
+namespace hresult = brenvale::hresult;
 
 namespace detail {
 class Company;

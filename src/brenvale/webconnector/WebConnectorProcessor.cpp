@@ -2,7 +2,7 @@
 
 #include "brenvale/core/BrenvaleError.hpp"
 #include "brenvale/core/ProcessorRegistry.hpp"
-#include "brenvale/webconnector/Hresult.hpp"
+#include "brenvale/core/ProcessorHresult.hpp"
 #include "brenvale/webconnector/Service.hpp"
 #include "brenvale/webconnector/detail/HostFacts.hpp"
 #include "brenvale/webconnector/detail/Hub.hpp"

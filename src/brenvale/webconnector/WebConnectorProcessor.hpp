@@ -10,8 +10,8 @@
 //   BrenvaleGlobals::QBConnection().RequestProcessorProgId("BrenvaleWC.RequestProcessor");
 //   BrenvaleGlobals::QBConnect("", "My App", qbOpenModeDontCare, "acme");  // waits for the Web Connector
 //
-// Failures are raised as QuickBooks' request processor raises them (Hresult.hpp), with a text that
-// says what happened: no Web Connector came, it left, QuickBooks refused the document.
+// Failures are raised as QuickBooks' request processor raises them (core/ProcessorHresult.hpp), with
+// a text that says what happened: no Web Connector came, it left, QuickBooks refused the document.
 #include <chrono>
 #include <memory>
 #include <string>

@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "brenvale/core/BrenvaleError.hpp"
-#include "brenvale/webconnector/Hresult.hpp"
+#include "brenvale/core/ProcessorHresult.hpp"
 #include "brenvale/webconnector/detail/Crypto.hpp"
 #include "brenvale/webconnector/detail/Soap.hpp"
 
@@ -29,6 +29,7 @@ struct Hub::Channel {
   int hosts = 0;  // host sessions open
   std::deque<std::shared_ptr<Request>> queue;
   std::string active;  // the ticket of the Web Connector session serving the company
+  std::uint64_t logins = 0;  // Web Connector sessions begun so far
   Clock::time_point lastHostActivity;
   std::optional<CompanyFacts> facts;
   std::uint64_t failures = 0;  // connection errors reported so far; the last one follows
@@ -268,6 +269,7 @@ std::vector<std::string> Hub::Authenticate(std::string_view user, std::string_vi
   s->lastCall = now;
   sessions_[ticket] = s;
   c.active = ticket;
+  ++c.logins;
   changed_.notify_all();
   note += ": " + TicketTag(ticket) + " for company " + Quoted(c.company);
   return {ticket, c.companyFile};
@@ -493,7 +495,11 @@ std::string Hub::BeginHost(const std::string& company, Clock::duration wait) {
   const std::string ticket = NewTicket();
   hosts_[ticket] = Host{c.company, c.failures};
   changed_.notify_all();
-  const bool came = changed_.wait_until(lock, Clock::now() + wait, [&] { return stopping_ || Active(c) != nullptr; });
+  // A login counts even when its session has ended again by the time this thread wakes (QuickBooks
+  // could not be opened, say): the host then learns why from the session's facts.
+  const std::uint64_t logins = c.logins;
+  const bool came = changed_.wait_until(lock, Clock::now() + wait,
+                                        [&] { return stopping_ || Active(c) != nullptr || c.logins > logins; });
   if (came && !stopping_) return ticket;
   hosts_.erase(ticket);
   --c.hosts;

@@ -71,32 +71,19 @@ pugi::xml_node BodyElement(pugi::xml_document& doc, std::string_view body, Fault
   return element;
 }
 
-std::string Wrap(std::string_view element, std::string_view content) {
+// <element attributes>content</element>
+std::string Wrap(std::string_view element, std::string_view content, std::string_view attributes = {}) {
   std::string text;
-  text.reserve(content.size() + 2 * element.size() + 5);
-  text += '<';
-  text += element;
-  text += '>';
-  text += content;
-  text += "</";
-  text += element;
-  text += '>';
+  text.reserve(content.size() + 2 * element.size() + attributes.size() + 5);
+  text.append("<").append(element).append(attributes).append(">").append(content);
+  text.append("</").append(element).append(">");
   return text;
 }
 
+// The envelope around one element of the service's namespace.
 std::string Envelope(std::string_view element, std::string_view content) {
-  std::string text(kEnvelopeHead);
-  text += '<';
-  text += element;
-  text += " xmlns=\"";
-  text += kTargetNamespace;
-  text += "\">";
-  text += content;
-  text += "</";
-  text += element;
-  text += '>';
-  text += kEnvelopeTail;
-  return text;
+  const std::string xmlns = " xmlns=\"" + std::string(kTargetNamespace) + "\"";
+  return std::string(kEnvelopeHead) + Wrap(element, content, xmlns) + std::string(kEnvelopeTail);
 }
 
 std::string ResponseName(const Operation& op) { return std::string(op.name) + "Response"; }
@@ -203,13 +190,9 @@ std::string ResultEnvelope(const Operation& op, const Result& result) {
 }
 
 std::string FaultEnvelope(const Fault& fault) {
-  std::string text(kEnvelopeHead);
-  text += "<soap:Fault>";
-  text += Wrap("faultcode", EscapeText(fault.code));
-  text += Wrap("faultstring", EscapeText(fault.text));
-  text += "</soap:Fault>";
-  text += kEnvelopeTail;
-  return text;
+  return std::string(kEnvelopeHead) +
+         Wrap("soap:Fault", Wrap("faultcode", EscapeText(fault.code)) + Wrap("faultstring", EscapeText(fault.text))) +
+         std::string(kEnvelopeTail);
 }
 
 std::string CallEnvelope(const Operation& op, const std::vector<std::string>& arguments) {

@@ -307,19 +307,26 @@ TEST_F(BridgeTest, AUserExchangesWithItsOwnCompanyFileOnly) {
   users_.Set({"acme", "acme", Users::HashPassword("acme-secret", kFastHash), kAcmeFile});
   Start();
   auto host = Host();
+  const std::string byItsFile = "c:/company files/ACME.QBW";
+  BrenvaleError refused(0, {}, {});
   std::string file;
-  std::thread hostThread = HostDoing(host, [&](const std::string& t) {  // by its file
-    file = host->GetCurrentCompanyFileName(t);
-  }, "c:/company files/ACME.QBW");
+  std::thread hostThread = HostDoing(host, [&](const std::string& t) {
+    refused = RaisedBy([&] { host->GetCurrentCompanyFileName(t); });
+  }, byItsFile);
   ScriptedWebConnector wc(Origin());
   std::vector<std::string> auth = wc.AuthenticateWhenWorkWaits("acme", "acme-secret");
   EXPECT_EQ(auth.at(1), kAcmeFile);  // QuickBooks is told which file to open
   EXPECT_EQ(wc.Text("sendRequestXML", FirstSend(auth[0], "C:\\Company Files\\Bolt.qbw")), "");
-  EXPECT_EQ(wc.Text("getLastError", {auth[0]}),
-            "The user 'acme' exchanges data with the company file 'C:\\Company Files\\Acme.qbw' only, but QuickBooks "
-            "has 'C:\\Company Files\\Bolt.qbw' open. Open that company file and update again.");
+  const std::string why =
+      "The user 'acme' exchanges data with the company file 'C:\\Company Files\\Acme.qbw' only, but QuickBooks has "
+      "'C:\\Company Files\\Bolt.qbw' open. Open that company file and update again.";
+  EXPECT_EQ(wc.Text("getLastError", {auth[0]}), why);
   wc.Text("closeConnection", {auth[0]});
+  hostThread.join();
+  EXPECT_EQ(refused.Number(), hresult::kCouldNotOpenFile);  // the host learns it at once
+  EXPECT_EQ(refused.Description(), "Could not open the specified QuickBooks company data file. " + why);
 
+  hostThread = HostDoing(host, [&](const std::string& t) { file = host->GetCurrentCompanyFileName(t); }, byItsFile);
   auth = wc.AuthenticateWhenWorkWaits("acme", "acme-secret");
   const std::string same = "c:/company files/acme.QBW";
   EXPECT_NE(wc.Text("sendRequestXML", FirstSend(auth.at(0), same)).find("<HostQueryRq"), std::string::npos);
@@ -436,6 +443,8 @@ TEST_F(BridgeTest, PlainHttpIsServedOnTheLoopbackAddressOnly) {
   Service second(std::move(taken));
   BrenvaleError e = RaisedBy([&] { second.Start(); });
   EXPECT_NE(e.Description().find("cannot listen on 127.0.0.1:" + std::to_string(service_->Port())), std::string::npos);
+  service_.reset();  // the port is free again: the same service starts now
+  EXPECT_NO_THROW(second.Start());
 }
 
 TEST_F(BridgeTest, TheServiceDescribesItself) {

@@ -214,9 +214,11 @@ void Service::Start() {
 
   const std::string& address = m.options.address;
   m.port = m.options.port == 0 ? s.bind_to_any_port(address) : (s.bind_to_port(address, m.options.port) ? m.options.port : -1);
-  if (m.port <= 0)
+  if (m.port <= 0) {
+    m.server.reset();
     Refuse("The service cannot listen on " + address + ":" + std::to_string(m.options.port) +
            ": the address is not this machine's, or the port is in use.");
+  }
   m.thread = std::thread([&s] { s.listen_after_bind(); });
   // Stopping is possible once the server runs: wait for that, a few seconds at most.
   const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(10);

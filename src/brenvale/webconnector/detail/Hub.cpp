@@ -198,6 +198,21 @@ void Hub::Close(Session& s, const std::string& error, const std::string& lostBec
   changed_.notify_all();
 }
 
+// The company's Web Connector cannot serve it: hosts waiting for it, and the requests waiting to be
+// sent (never sent: safe to fail), learn why at once.
+void Hub::FailChannel(Channel& c, std::int32_t hresultNumber, const std::string& text) {
+  ++c.failures;
+  c.failureHresult = hresultNumber;
+  c.failureText = text;
+  for (const std::shared_ptr<Request>& r : c.queue) {
+    r->state = Request::State::Failed;
+    r->hresult = hresultNumber;
+    r->failure = text;
+  }
+  c.queue.clear();
+  changed_.notify_all();
+}
+
 void Hub::Sweep(Clock::time_point now) {
   for (auto it = sessions_.begin(); it != sessions_.end();) {
     Session& s = *it->second;
@@ -302,6 +317,7 @@ std::string Hub::SendRequestXML(const SendArguments& a, std::string& note) {
                 Quoted(a.companyFile) + ".";
     if (!refusal.empty()) {
       note += ": refused, QuickBooks has the company file " + Quoted(a.companyFile) + " open";
+      FailChannel(c, hresult::kCouldNotOpenFile, "Could not open the specified QuickBooks company data file. " + refusal);
       Close(*s, refusal, "changed company files");
       return {};
     }
@@ -441,18 +457,10 @@ std::string Hub::ConnectionError(const std::string& ticket, const std::string& h
   }
   s->lastCall = Clock::now();
   Channel& c = channels_.at(s->company);
-  ++c.failures;
-  c.failureHresult = hresultText.empty() ? hresult::kCouldNotAccess : ParseHresult(hresultText);
-  c.failureText = message.empty() ? std::string(kCouldNotAccessText) +
-                                        "The Web Connector could not open QuickBooks or the company file."
-                                  : message;
-  // The requests waiting were never sent: their hosts learn at once why they will not be.
-  for (const std::shared_ptr<Request>& r : c.queue) {
-    r->state = Request::State::Failed;
-    r->hresult = c.failureHresult;
-    r->failure = c.failureText;
-  }
-  c.queue.clear();
+  FailChannel(c, hresultText.empty() ? hresult::kCouldNotAccess : ParseHresult(hresultText),
+              message.empty() ? std::string(kCouldNotAccessText) +
+                                    "The Web Connector could not open QuickBooks or the company file."
+                              : message);
   note = TicketTag(s->ticket) + ": QuickBooks could not be opened (" + Quoted(hresultText) + " " +
          Quoted(message) + ")";
   Close(*s, "QuickBooks could not be opened: " + c.failureText, "could not open QuickBooks");

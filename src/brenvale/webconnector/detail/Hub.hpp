@@ -84,6 +84,7 @@ class Hub {
   Session* Active(Channel& c);
   Host& FindHost(const std::string& ticket);
   void Close(Session& s, const std::string& error, const std::string& lostBecause);
+  void FailChannel(Channel& c, std::int32_t hresult, const std::string& text);
   void Sweep(Clock::time_point now);
   bool NothingMore(const Channel& c, Clock::time_point now) const;
   void Deliver(Request& r, const std::string& response, const std::string& hresult, const std::string& message,

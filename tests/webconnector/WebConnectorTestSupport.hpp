@@ -66,12 +66,12 @@ class ScriptedWebConnector {
   detail::Result Call(const std::string& op, const std::vector<std::string>& arguments) {
     const detail::Operation* o = detail::FindOperation(op);
     auto [status, body] = Post(detail::CallEnvelope(*o, arguments));
-    auto read = detail::ReadResult(*o, body);
-    if (status != 200 || std::holds_alternative<detail::Fault>(read)) {
+    detail::Result result;
+    if (detail::ReadResult(*o, body, result) || status != 200) {
       ADD_FAILURE() << op << " answered " << status << ": " << body;
       return std::string();
     }
-    return std::get<detail::Result>(read);
+    return result;
   }
   std::string Text(const std::string& op, const std::vector<std::string>& a) { return std::get<std::string>(Call(op, a)); }
   int Number(const std::string& op, const std::vector<std::string>& a) { return std::get<int>(Call(op, a)); }

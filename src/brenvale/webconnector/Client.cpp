@@ -84,12 +84,12 @@ struct Client::Transport {
         why += " (the service's certificate is not trusted; give its issuer's certificate)";
       throw CallFailed(std::string(name) + ": cannot reach the service at " + url.Origin() + url.path + ": " + why);
     }
-    std::variant<detail::Result, detail::Fault> read = detail::ReadResult(op, response->body);
-    if (const auto* fault = std::get_if<detail::Fault>(&read))
+    detail::Result result;
+    if (std::optional<detail::Fault> fault = detail::ReadResult(op, response->body, result))
       throw CallFailed(std::string(name) + ": the service answered with a fault (" + fault->code + "): " + fault->text);
     if (response->status != 200)
       throw CallFailed(std::string(name) + ": the service answered with HTTP status " + std::to_string(response->status));
-    return std::get<detail::Result>(std::move(read));
+    return result;
   }
   std::string Text(std::string_view name, const std::vector<std::string>& arguments) {
     return std::get<std::string>(Call(name, arguments));

@@ -202,7 +202,7 @@ std::string CallEnvelope(const Operation& op, const std::vector<std::string>& ar
   return Envelope(op.name, content);
 }
 
-std::variant<Result, Fault> ReadResult(const Operation& op, std::string_view body) {
+std::optional<Fault> ReadResult(const Operation& op, std::string_view body, Result& result) {
   pugi::xml_document doc;
   Fault fault;
   pugi::xml_node element = BodyElement(doc, body, fault);
@@ -212,26 +212,29 @@ std::variant<Result, Fault> ReadResult(const Operation& op, std::string_view bod
   if (LocalName(element) != ResponseName(op))
     return Fault{"soap:Server", "The service answered " + std::string(LocalName(element)) + " to " +
                                     std::string(op.name) + "."};
-  pugi::xml_node result = ChildElement(element, ResultName(op));
+  pugi::xml_node value = ChildElement(element, ResultName(op));
   switch (op.result) {
     case ValueType::Strings: {
       std::vector<std::string> items;
-      for (pugi::xml_node c : result.children())
+      for (pugi::xml_node c : value.children())
         if (c.type() == pugi::node_element && LocalName(c) == "string") items.push_back(TextOf(c));
-      return Result(std::move(items));
+      result = std::move(items);
+      return std::nullopt;
     }
     case ValueType::Int: {
-      const std::string text = TextOf(result);
-      int value = 0;
-      auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-      if (!result || error != std::errc() || end != text.data() + text.size())
+      const std::string text = TextOf(value);
+      int number = 0;
+      auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+      if (!value || error != std::errc() || end != text.data() + text.size())
         return Fault{"soap:Server", "The service's " + ResultName(op) + " is not a number: '" + text + "'."};
-      return Result(value);
+      result = number;
+      return std::nullopt;
     }
     case ValueType::String:
       break;
   }
-  return Result(TextOf(result));
+  result = TextOf(value);
+  return std::nullopt;
 }
 
 std::string SoapAction(const Operation& op) { return "\"" + std::string(kTargetNamespace) + std::string(op.name) + "\""; }

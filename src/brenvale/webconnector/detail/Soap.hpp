@@ -54,10 +54,11 @@ std::variant<Call, Fault> ReadCall(std::string_view body);
 std::string ResultEnvelope(const Operation& operation, const Result& result);
 std::string FaultEnvelope(const Fault& fault);
 
-// The client's half: a call's envelope (arguments in the operation's parameter order) and the
-// result read from the service's answer.
+// The client's half: a call's envelope (arguments in the operation's parameter order), and the
+// result read from the service's answer into `result` — or the fault, when the answer is one or is
+// not this operation's.
 std::string CallEnvelope(const Operation& operation, const std::vector<std::string>& arguments);
-std::variant<Result, Fault> ReadResult(const Operation& operation, std::string_view body);
+std::optional<Fault> ReadResult(const Operation& operation, std::string_view body, Result& result);
 
 // The SOAPAction header of an operation, quotes included.
 std::string SoapAction(const Operation& operation);

@@ -5,10 +5,12 @@ BUILD ?= build
 PACKAGES = cmake ninja-build g++ pkg-config libpugixml-dev libsqlite3-dev libgtest-dev libgmock-dev \
            libbenchmark-dev libcli11-dev libxml2-dev libxml2-utils \
            libcpp-httplib-dev libssl-dev
+# clang and its libFuzzer runtime, for `make fuzz`
+PACKAGES += clang libclang-rt-14-dev
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)
 
-.PHONY: all deps configure build test demo bench clean
+.PHONY: all deps configure build test demo bench fuzz clean
 
 all: build
 
@@ -33,6 +35,21 @@ demo: build
 
 bench: build
 	@for b in $(BUILD)/bench/bench_*; do [ -x $$b ] && $$b; done
+
+# The fuzz targets, each for FUZZ_SECONDS, in a clang build of their own; what they find beyond the
+# seed corpus stays in that build.
+FUZZ_BUILD ?= build-fuzz
+FUZZ_SECONDS ?= 60
+fuzz: deps
+	@[ -f $(FUZZ_BUILD)/build.ninja ] || cmake -S . -B $(FUZZ_BUILD) -G Ninja -DCMAKE_CXX_COMPILER=clang++ \
+	  -DBRENVALE_FUZZ=ON -DBRENVALE_BUILD_TESTS=OFF -DBRENVALE_BUILD_BENCH=OFF
+	cmake --build $(FUZZ_BUILD) -j $(JOBS) --target fuzz_engine_request fuzz_library_response
+	@for target in engine_request library_response; do \
+	  found=$(FUZZ_BUILD)/found-$$target; mkdir -p $$found; \
+	  echo "fuzzing $$target for $(FUZZ_SECONDS) s"; \
+	  $(FUZZ_BUILD)/fuzz/fuzz_$$target -max_total_time=$(FUZZ_SECONDS) -timeout=10 -print_final_stats=1 \
+	    $$found fuzz/corpus/$${target%%_*} || exit 1; \
+	done
 
 clean:
 	rm -rf $(BUILD)

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <map>
 #include <memory>
 #include <random>
@@ -163,6 +164,35 @@ void BM_ReadAllCustomersByIterator(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * n);
 }
 BENCHMARK(BM_ReadAllCustomersByIterator)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// The resident set of this process in KiB.
+long ResidentKiB() {
+  std::ifstream status("/proc/self/status");
+  std::string line;
+  while (std::getline(status, line))
+    if (line.rfind("VmRSS:", 0) == 0) return std::stol(line.substr(6));
+  return 0;
+}
+
+// Memory of a long session: 20,000 queries that differ only in MaxReturned, then 2,000 iterators
+// started and never continued. The counters give how much the process grew in each phase.
+void BM_LongSessionMemory(benchmark::State& state) {
+  Company& c = CompanyOf(1000);
+  for (auto _ : state) {
+    const long start = ResidentKiB();
+    for (int i = 1; i <= 20000; ++i)
+      c.Send("<CustomerQueryRq><MaxReturned>" + std::to_string(i) + "</MaxReturned><NameFilter><MatchCriterion>"
+             "StartsWith</MatchCriterion><Name>Customer 000001</Name></NameFilter></CustomerQueryRq>");
+    const long afterQueries = ResidentKiB();
+    for (int i = 0; i < 2000; ++i)
+      c.Send("<CustomerQueryRq iterator=\"Start\"><MaxReturned>1</MaxReturned></CustomerQueryRq>");
+    const long afterIterators = ResidentKiB();
+    state.counters["queries_growth_MiB"] = static_cast<double>(afterQueries - start) / 1024.0;
+    state.counters["iterators_growth_MiB"] = static_cast<double>(afterIterators - afterQueries) / 1024.0;
+    state.counters["rss_MiB"] = static_cast<double>(afterIterators) / 1024.0;
+  }
+}
+BENCHMARK(BM_LongSessionMemory)->Iterations(1)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 

@@ -42,13 +42,14 @@ TEST_F(BuilderFiles, SavedDocumentsAreWindows1252AndReadBack) {
   EXPECT_EQ(ReadBytes(path), "<Brenvale>" + kEnvelope + "</QBXMLMsgsRq></Brenvale>\n");
 }
 
-TEST_F(BuilderFiles, CharactersOutsideTheCodePageAreLostOnDisk) {
+TEST_F(BuilderFiles, CharactersOutsideTheCodePageAreKeptOnDiskAsReferences) {
   const std::string path = dir_.File("outside.xml");
   xmlBldr b;
   b.IOClear();
   b.CreateElement("Name", "\u4e2d");
   b.SaveToFile(path);
-  EXPECT_NE(ReadBytes(path).find("<Name>?</Name>"), std::string::npos);
+  EXPECT_NE(ReadBytes(path).find("<Name>&#20013;</Name>"), std::string::npos);
+  EXPECT_EQ(b.ReadXml(path).DocumentElement().FirstChild().FirstChild().Text(), "\u4e2d");
 }
 
 TEST_F(BuilderFiles, ReadXmlGivesAnEmptyDocumentForMissingOrBrokenFiles) {

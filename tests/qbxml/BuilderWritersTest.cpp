@@ -123,9 +123,13 @@ TEST_F(BuilderWriters, EscapesInTheDefinedOrderWithWindows1252Codes) {
       {"\u2122\u0152\u017e\u0178", "&#153;&#140;&#158;&#159;"},
       {"\u00a0\u00ff", "&#160;&#255;"},
       {"\u0081\u009d", "&#129;&#157;"},            // undefined codes map the character of that number
-      {"\u0080\u0085", "\u0080\u0085"},            // C1 controls that Windows-1252 lacks stay
-      {"\u4e2d\u6587 \u0394 \U0001F600", "\u4e2d\u6587 \u0394 \U0001F600"},  // outside the code page: kept
+      // Outside the code page: references to the code point (QuickBooks stores them as "?"); the C1
+      // controls the code page lacks cannot be told from Windows-1252 codes, and are written as "?".
+      {"\u4e2d\u6587 \u0394 \U0001F600", "&#20013;&#25991; &#916; &#128512;"},
+      {"\u0100\uFFFD", "&#256;&#65533;"},
+      {"\u0080\u0085x", "??x"},
       {"a\xe9z", "a&#233;z"},                      // a stray byte counts as its Windows-1252 code
+      {"\xC0\xAF", "&#192;&#175;"},                 // so do the bytes of an overlong form
       {"plain text 123", "plain text 123"},
       {"", ""},
   };
@@ -135,6 +139,10 @@ TEST_F(BuilderWriters, EscapesInTheDefinedOrderWithWindows1252Codes) {
   b.CreateElement("Memo", "A&B <C>");
   b.CreateElement("Email", "x@y");
   EXPECT_EQ(b.GetXML(), "<Memo>A&amp;B &lt;C&gt;</Memo><Email>x&#64;y</Email>");
+
+  // Whatever the text, what is written is plain ASCII: well-formed under the ISO-8859-1 declaration.
+  for (const auto& [in, out] : cases)
+    for (unsigned char c : EscapeXmlText(in)) EXPECT_LT(c, 0x80) << in;
 }
 
 TEST_F(BuilderWriters, TopsFollowTheSessionVersion) {

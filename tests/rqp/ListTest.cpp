@@ -2,6 +2,8 @@
 // deletes, queries and iterators.
 #include <regex>
 
+#include "brenvale/rqp/records/Iterators.hpp"
+
 #include "rqp/EngineHarness.hpp"
 
 namespace rqptest {
@@ -31,8 +33,11 @@ TEST_F(ListTest, EditSequenceChangesOnEveryModifyAndStaleOnesAreRefused) {
   EXPECT_EQ(Text(r1, "TimeCreated"), Text(c, "TimeCreated"));
   Status m2 = Mod("Customer", r1, "<Phone></Phone><Fax>1</Fax>");  // an empty value clears
   ASSERT_EQ(m2.code, 0);
-  EXPECT_FALSE(m2.node.first_child().child("Phone"));
-  EXPECT_NE(Text(m2.node.first_child(), "EditSequence"), Text(r1, "EditSequence"));
+  pugi::xml_node read = Read("Customer", c);
+  EXPECT_FALSE(read.child("Phone"));
+  EXPECT_EQ(Text(read, "Fax"), "1");
+  EXPECT_EQ(Text(read, "EditSequence"), Text(m2.node.first_child(), "EditSequence"));
+  EXPECT_NE(Text(read, "EditSequence"), Text(r1, "EditSequence"));
 
   Status stale = Mod("Customer", c, "<Phone>1</Phone>");
   EXPECT_EQ(stale.code, 3200);
@@ -40,7 +45,8 @@ TEST_F(ListTest, EditSequenceChangesOnEveryModifyAndStaleOnesAreRefused) {
   Status missing = One("<CustomerModRq><CustomerMod><ListID>8000FFFF-1234567890</ListID><EditSequence>1</EditSequence>"
                        "</CustomerMod></CustomerModRq>");
   EXPECT_EQ(missing.code, 3120);
-  EXPECT_EQ(missing.message, "Object \"8000FFFF-1234567890\" specified in the request cannot be found.");
+  EXPECT_EQ(missing.message, "Object \"8000FFFF-1234567890\" specified in the request cannot be found.  QuickBooks error "
+                             "message: Invalid argument.  The specified record does not exist in the list.");
   // A ListID of another list is not found either.
   pugi::xml_node v = Add("Vendor", "<Name>Supplier</Name>");
   EXPECT_EQ(Mod("Customer", v, "<Phone>1</Phone>").code, 3120);
@@ -99,20 +105,27 @@ TEST_F(ListTest, ReferencesResolveByListIdOrFullNameAndBadOnesAreRefused) {
   pugi::xml_node rep = Add("Employee", "<FirstName>Sam</FirstName>");
   pugi::xml_node sr = Add("SalesRep", "<Initial>SR</Initial><SalesRepEntityRef><FullName>sam</FullName></SalesRepEntityRef>");
   EXPECT_EQ(Text(sr, "SalesRepEntityRef/ListID"), Text(rep, "ListID"));
-  pugi::xml_node c = Add("Customer", "<Name>Buyer</Name><SalesRepRef><FullName>sr</FullName></SalesRepRef>"
-                                     "<TermsRef><FullName>Net 15</FullName></TermsRef>");
+  pugi::xml_node c = Add("Customer", "<Name>Buyer</Name><TermsRef><FullName>Net 15</FullName></TermsRef>"
+                                     "<SalesRepRef><FullName>sr</FullName></SalesRepRef>");
   EXPECT_EQ(Text(c, "SalesRepRef/FullName"), "SR");
   Status bad = One("<CustomerAddRq><CustomerAdd><Name>B2</Name><TermsRef><FullName>Net 99</FullName></TermsRef>"
                    "</CustomerAdd></CustomerAddRq>");
   EXPECT_EQ(bad.code, 3140);
-  EXPECT_NE(bad.message.find("There is an invalid reference to QuickBooks Terms \"Net 99\" in the Customer."),
-            std::string::npos);
+  // Two blanks before QuickBooks' own explanation; the owner by its qbXML name.
+  EXPECT_EQ(bad.message, "There is an invalid reference to QuickBooks Terms \"Net 99\" in the Customer.  QuickBooks "
+                         "error message: Invalid argument.  The specified record does not exist in the list.");
+  Status itemRef = One("<ItemInventoryAddRq><ItemInventoryAdd><Name>Widget</Name><IncomeAccountRef><FullName>Nowhere"
+                       "</FullName></IncomeAccountRef></ItemInventoryAdd></ItemInventoryAddRq>");
+  EXPECT_EQ(itemRef.message.rfind("There is an invalid reference to QuickBooks Account \"Nowhere\" in the ItemInventory.  ", 0),
+            0u) << itemRef.message;
   Status wrongList = One("<CustomerAddRq><CustomerAdd><Name>B3</Name><ClassRef><ListID>" + Text(rep, "ListID") +
                          "</ListID></ClassRef></CustomerAdd></CustomerAddRq>");
   EXPECT_EQ(wrongList.code, 3140);
   // An empty reference clears it.
   Status cleared = Mod("Customer", c, "<TermsRef><FullName></FullName></TermsRef>");
-  EXPECT_FALSE(cleared.node.first_child().child("TermsRef"));
+  ASSERT_EQ(cleared.code, 0);
+  EXPECT_FALSE(Read("Customer", c).child("TermsRef"));
+  EXPECT_EQ(Text(Read("Customer", c), "SalesRepRef/FullName"), "SR");
 }
 
 TEST_F(ListTest, DeletesAreRefusedWhileUsedAndAreListedAfterwards) {
@@ -192,7 +205,8 @@ TEST_F(ListTest, CombinedQueriesReturnEveryKind) {
   Status items = One("<ItemQueryRq/>");
   std::vector<std::string> kinds;
   for (auto r : items.node.children()) kinds.push_back(r.name());
-  EXPECT_EQ(kinds, (std::vector<std::string>{"ItemNonInventoryRet", "ItemSubtotalRet", "ItemServiceRet"}));
+  // Items come grouped by kind, in the order of the kinds in QuickBooks' answer, then by name.
+  EXPECT_EQ(kinds, (std::vector<std::string>{"ItemServiceRet", "ItemNonInventoryRet", "ItemSubtotalRet"}));
   EXPECT_EQ(Text(items.node, "ItemNonInventoryRet/SalesAndPurchase/SalesPrice"), "2.50");
   Add("Vendor", "<Name>V</Name>");
   Add("Customer", "<Name>C</Name>");
@@ -215,7 +229,8 @@ TEST_F(ListTest, IteratorsPageThroughResults) {
   EXPECT_EQ(Names(first), (std::vector<std::string>{"C0", "C1", "C2"}));
   EXPECT_EQ(first.node.attribute("iteratorRemainingCount").as_int(), 4);
   std::string id = first.node.attribute("iteratorID").value();
-  ASSERT_FALSE(id.empty());
+  // A version-4 GUID in braces, as QuickBooks' iterator IDs are.
+  EXPECT_TRUE(std::regex_match(id, std::regex("\\{[0-9a-f]{8}-[0-9a-f]{4}-4[0-9a-f]{3}-[89ab][0-9a-f]{3}-[0-9a-f]{12}\\}"))) << id;
   auto next = [&](const std::string& how, int max) {
     return One("<CustomerQueryRq iterator=\"" + how + "\" iteratorID=\"" + id + "\"><MaxReturned>" + std::to_string(max) +
                "</MaxReturned></CustomerQueryRq>");
@@ -230,6 +245,7 @@ TEST_F(ListTest, IteratorsPageThroughResults) {
   Status over = next("Continue", 3);
   EXPECT_EQ(over.code, 3391);
   EXPECT_EQ(over.severity, "Error");
+  EXPECT_EQ(over.message, "The iteratorID \"" + id + "\" is not valid.");
 
   Status again = One("<CustomerQueryRq iterator=\"Start\"><MaxReturned>2</MaxReturned></CustomerQueryRq>");
   id = again.node.attribute("iteratorID").value();
@@ -239,6 +255,25 @@ TEST_F(ListTest, IteratorsPageThroughResults) {
   Status items = One("<ItemQueryRq iterator=\"Start\"><MaxReturned>1</MaxReturned></ItemQueryRq>");
   EXPECT_EQ(items.code, 1);
   EXPECT_EQ(One("<VendorQueryRq iterator=\"Continue\" iteratorID=\"{bogus}\"/>").code, 3391);
+
+  // Iterators that are started and never continued lapse: a session keeps only so many open, and
+  // the one used least recently goes first.
+  auto start = [&] {
+    return std::string(One("<CustomerQueryRq iterator=\"Start\"><MaxReturned>1</MaxReturned></CustomerQueryRq>")
+                           .node.attribute("iteratorID")
+                           .value());
+  };
+  std::string oldest = start(), kept = start();
+  id = kept;
+  EXPECT_EQ(next("Continue", 1).code, 0);  // used again: now the most recent
+  for (std::size_t i = 0; i + 2 < brenvale::rqp::detail::Iterators::kMaxOpen; ++i) start();
+  std::string newest = start();
+  id = oldest;
+  EXPECT_EQ(next("Continue", 1).code, 3391);
+  id = kept;
+  EXPECT_EQ(next("Continue", 1).code, 0);
+  id = newest;
+  EXPECT_EQ(next("Continue", 1).code, 0);
 }
 
 TEST_F(ListTest, BalancesRollUpToParents) {

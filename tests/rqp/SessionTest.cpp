@@ -170,6 +170,14 @@ TEST_F(SessionTest, SubscriptionsAreStoredWithoutASession) {
   std::string del = "<SubscriptionDelRq><SubscriberID>" + id + "</SubscriberID><SubscriptionType>Data</SubscriptionType></SubscriptionDelRq>";
   EXPECT_NE(send(del).find("statusCode=\"0\""), std::string::npos);
   EXPECT_NE(send(del).find("statusCode=\"3120\""), std::string::npos);
+  // Subscriptions came with qbXML 3.0.
+  try {
+    sub.ProcessSubscription("<?xml version=\"1.0\"?><?qbxml version=\"2.0\"?><QBXML><QBXMLSubscriptionMsgsRq>" + del +
+                            "</QBXMLSubscriptionMsgsRq></QBXML>");
+    ADD_FAILURE() << "a 2.0 document with a subscription request was taken";
+  } catch (const BrenvaleError& e) {
+    EXPECT_EQ(e.Number(), hr::kParseError);
+  }
 }
 
 }  // namespace rqptest

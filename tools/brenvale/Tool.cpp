@@ -79,10 +79,12 @@ class ReportingProcessor : public IRequestProcessor {
     try {
       return exchange();
     } catch (const BrenvaleError& e) {
-      LastFailure() = e.Description();
+      char number[16];
+      std::snprintf(number, sizeof number, "0x%08X", static_cast<std::uint32_t>(e.Number()));
+      LastFailure() = "(" + std::string(number) + "): " + e.Description();
       throw;
     } catch (const std::exception& e) {
-      LastFailure() = e.what();
+      LastFailure() = std::string(": ") + e.what();
       throw;
     }
   }
@@ -109,11 +111,16 @@ std::string ErrorNumberText(std::int32_t number) {
 }
 
 void PrintError(std::ostream& err, const BrenvaleError& e) {
-  err << "brenvale: error " << ErrorNumberText(e.Number()) << ": " << e.Description();
-  if (!e.Source().empty()) err << " [" << e.Source() << "]";
-  err << "\n";
-  if (e.Code() == kExchangeFailed && !LastFailure().empty())
-    err << "brenvale: the request processor said: " << LastFailure() << "\n";
+  std::string library = "error " + ErrorNumberText(e.Number()) + ": " + e.Description();
+  if (!e.Source().empty()) library += " [" + e.Source() + "]";
+  // The library reports every failed exchange under one number and text; the processor's own
+  // reason is what a person needs first.
+  if (e.Code() == kExchangeFailed && !LastFailure().empty()) {
+    err << "brenvale: the request processor refused the request " << LastFailure() << "\n"
+        << "brenvale: the library reports it as " << library << "\n";
+    return;
+  }
+  err << "brenvale: " << library << "\n";
 }
 
 void RegisterProcessors() { rqp::RegisterCompanyEngine(); }

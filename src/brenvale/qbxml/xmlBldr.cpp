@@ -49,6 +49,13 @@ std::string_view AsciiReplacement(char c) {
 // The escaping of EscapeXmlText, appended to `out`. The replacements of the definition (& > " '
 // < @ in that order, then each Windows-1252 character of codes 128-255) never produce text that a
 // later replacement would touch, so one pass over the text gives the same result.
+//
+// A character Windows-1252 does not have (CJK, Greek, emoji ...) is written as a reference to its
+// Unicode code point, so that the document stays what its ISO-8859-1 declaration says: raw UTF-8
+// bytes there would be read as other characters. QuickBooks keeps text in Windows-1252 and stores
+// such a character as "?"; it comes back so. The C1 controls the code page lacks (U+0080, U+0085
+// ...) cannot be written as references at all, since the reading side takes "&#128;" ... "&#159;"
+// as Windows-1252 codes; they are written as the "?" QuickBooks would make of them.
 void AppendEscaped(std::string& out, std::string_view text) {
   const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
   const std::size_t size = text.size();
@@ -64,14 +71,26 @@ void AppendEscaped(std::string& out, std::string_view text) {
       continue;
     }
     const std::size_t start = pos;
-    const char32_t ch = detail::NextUtf8(text, pos);
-    // A byte that starts no well-formed UTF-8 sequence is taken as a Windows-1252 code itself.
-    const int code = pos - start == 1 ? bytes[start] : detail::UnicodeToCp1252(ch);
-    if (code < 0x80) continue;  // not in the code page: kept as it is
+    char32_t ch = detail::NextUtf8(text, pos);
+    // A byte that starts no well-formed UTF-8 sequence (or an overlong one) is taken as a
+    // Windows-1252 code itself.
+    if (pos - start == 1 || ch < 0x80) {
+      pos = start + 1;
+      ch = detail::Cp1252ToUnicode(bytes[start]);
+    }
+    const int code = detail::UnicodeToCp1252(ch);
     out.append(text, runStart, start - runStart);
-    out += "&#"sv;
-    AppendNumber(out, code);
-    out += ';';
+    if (code >= 0) {
+      out += "&#"sv;
+      AppendNumber(out, code);
+      out += ';';
+    } else if (ch >= 0x100) {
+      out += "&#"sv;
+      AppendNumber(out, static_cast<int>(ch));
+      out += ';';
+    } else {
+      out += '?';
+    }
     runStart = pos;
   }
   out.append(text, runStart, size - runStart);

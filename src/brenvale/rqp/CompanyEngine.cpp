@@ -1,12 +1,11 @@
 #include "brenvale/rqp/CompanyEngine.hpp"
 
-#include <cstdio>
-#include <random>
-
 #include "brenvale/core/BrenvaleError.hpp"
 #include "brenvale/core/ProcessorRegistry.hpp"
-#include "brenvale/rqp/detail/Company.hpp"
-#include "brenvale/rqp/detail/Subscriptions.hpp"
+#include "brenvale/rqp/engine/Company.hpp"
+#include "brenvale/rqp/protocol/Guid.hpp"
+#include "brenvale/rqp/protocol/Status.hpp"
+#include "brenvale/rqp/subscriptions/Subscriptions.hpp"
 
 namespace brenvale::rqp {
 namespace {
@@ -15,19 +14,9 @@ const std::string kSource(kProgIdCompanyEngine);
 
 [[noreturn]] void Fail(std::int32_t number, const std::string& text) { throw BrenvaleError(number, kSource, text); }
 
-std::string NewTicket() {
-  std::random_device device;
-  std::uint32_t w[4];
-  for (auto& x : w) x = device();
-  char buf[48];
-  std::snprintf(buf, sizeof buf, "{%08x-%04x-%04x-%04x-%04x%08x}", w[0], w[1] >> 16, (w[1] & 0x0FFF) | 0x4000,
-                ((w[2] >> 16) & 0x3FFF) | 0x8000, w[2] & 0xFFFF, w[3]);
-  return buf;
-}
-
 }  // namespace
 
-CompanyEngine::CompanyEngine(HostFacts facts) : facts_(std::move(facts)) {}
+CompanyEngine::CompanyEngine(HostFacts facts) : facts_(std::move(facts)) { detail::InstallEngine(); }
 
 CompanyEngine::~CompanyEngine() = default;
 
@@ -51,7 +40,7 @@ std::string CompanyEngine::BeginSession(const std::string& qbFileName, qbEnumFil
   } catch (const detail::ProcessError& e) {
     Fail(e.hresult, e.text);
   }
-  ticket_ = NewTicket();
+  ticket_ = detail::NewGuid();
   return ticket_;
 }
 

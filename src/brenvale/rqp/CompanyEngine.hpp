@@ -16,28 +16,10 @@
 #include <string>
 #include <vector>
 
-#include "brenvale/core/ProcessorHresult.hpp"
 #include "brenvale/core/RequestProcessor.hpp"
+#include "brenvale/rqp/HostFacts.hpp"
 
 namespace brenvale::rqp {
-
-// What the engine says about itself (the host query) and which qbXML versions it accepts.
-struct HostFacts {
-  std::string ProductName = "QuickBooks Pro 2024";
-  int MajorVersion = 34;
-  int MinorVersion = 0;
-  std::string Country = "US";  // "US", "CA" or "UK"
-  // In ascending order; the last is the newest.
-  std::vector<std::string> SupportedVersions = {"1.0", "1.1", "2.0", "2.1", "3.0",  "4.0",  "4.1",  "5.0",
-                                                "6.0", "7.0", "8.0", "9.0", "10.0", "11.0", "12.0", "13.0"};
-  bool IsAutomaticLogin = false;
-  // Where event subscriptions are kept (a SQLite file shared by every engine that names it).
-  // Empty: kept in memory, shared by the engines of this process.
-  std::string SubscriptionStore;
-};
-
-// QuickBooks' request-processor error numbers, as every processor raises them.
-namespace hresult = brenvale::hresult;
 
 namespace detail {
 class Company;

@@ -1,8 +1,6 @@
 // The brenvale tool, run as a subprocess against a company file in a fresh folder: what each
 // command prints, where, and with which exit status.
 #include <gtest/gtest.h>
-#include <poll.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -13,6 +11,8 @@
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include "support/ChildProcess.hpp"
 
 namespace {
 
@@ -26,49 +26,11 @@ struct Result {
 
 // Runs the tool with `args` in `dir`, feeding `input` to its standard input.
 Result RunTool(const fs::path& dir, const std::vector<std::string>& args, const std::string& input = {}) {
-  int in[2], out[2], err[2];
-  if (pipe(in) != 0 || pipe(out) != 0 || pipe(err) != 0) return {};
-  pid_t pid = fork();
-  if (pid == 0) {
-    dup2(in[0], 0);
-    dup2(out[1], 1);
-    dup2(err[1], 2);
-    for (int fd : {in[0], in[1], out[0], out[1], err[0], err[1]}) close(fd);
-    if (chdir(dir.c_str()) != 0) _exit(127);
-    std::vector<char*> argv{const_cast<char*>(BRENVALE_TOOL_PATH)};
-    for (const std::string& a : args) argv.push_back(const_cast<char*>(a.c_str()));
-    argv.push_back(nullptr);
-    execv(BRENVALE_TOOL_PATH, argv.data());
-    _exit(127);
-  }
-  close(in[0]);
-  close(out[1]);
-  close(err[1]);
-  if (!input.empty() && write(in[1], input.data(), input.size()) < 0) {
-    // The tool may have exited without reading; its output says why.
-  }
-  close(in[1]);
+  brenvale::testing::ChildProcess tool(BRENVALE_TOOL_PATH, dir, args, input);
   Result r;
-  pollfd fds[2] = {{out[0], POLLIN, 0}, {err[0], POLLIN, 0}};
-  std::string* sinks[2] = {&r.out, &r.err};
-  int open = 2;
-  while (open > 0 && poll(fds, 2, 60000) > 0) {
-    for (int i = 0; i < 2; ++i) {
-      if (fds[i].fd < 0 || !(fds[i].revents & (POLLIN | POLLHUP))) continue;
-      char buf[4096];
-      ssize_t n = read(fds[i].fd, buf, sizeof buf);
-      if (n > 0) {
-        sinks[i]->append(buf, static_cast<std::size_t>(n));
-      } else {
-        close(fds[i].fd);
-        fds[i].fd = -1;
-        --open;
-      }
-    }
-  }
-  int status = 0;
-  waitpid(pid, &status, 0);
-  r.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  r.status = tool.Finish();
+  r.out = std::move(tool.out);
+  r.err = std::move(tool.err);
   return r;
 }
 

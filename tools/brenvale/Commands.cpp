@@ -12,6 +12,7 @@
 #include "Kinds.hpp"
 #include "Output.hpp"
 #include "Progress.hpp"
+#include "WebConnector.hpp"
 #include "brenvale/company/BrenvaleGlobals.hpp"
 #include "brenvale/core/Enumerations.hpp"
 #include "brenvale/qbxml/Conversions.hpp"
@@ -584,6 +585,8 @@ void AddCommands(CLI::App& app, const GlobalOptions& g, Runner& run) {
               "\nThe response document is printed as qbXML whatever --format says; the exit status is 1 when "
               "any response has severity Error.");
   req->callback([&g, &run, file] { run = [&g, file] { return RunRequest(g, *file); }; });
+
+  AddWebConnectorCommand(app, g, run);
 }
 
 }  // namespace brenvale::tool

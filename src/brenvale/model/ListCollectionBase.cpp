@@ -204,14 +204,28 @@ Long ListCollectionBase::Delete(const std::string& ListID, bool bRemove) {
   if (!Facts().deletable) Raise(1026, CollectionLabel());
   RequireQuery(kQueryNone);
   CollectionErrors().Clear();
+  // "ListDelType" names the record's own kind. A collection of several kinds that does not hold the
+  // record asks QuickBooks for it first, and lets it go again afterwards.
+  std::size_t held = PositionHolding(ListRecord::kListID, ListID);
+  bool fetched = false;
+  if (!held && SeveralKinds()) {
+    if (!GetByListID(ListID)) {
+      CollectionErrors().AddCode(1001, "", "QuickBooks: no record has the ListID " + ListID);
+      Raise(1026, CollectionLabel());
+    }
+    held = PositionHolding(ListRecord::kListID, ListID);
+    fetched = true;
+  }
+  const std::string type(held ? At(held).Decl().xmlName : Decl().xmlName);
   DomDocument doc;
-  ResponseView::Response rs = SendSimple("ListDelRq", {{"ListDelType", Decl().xmlName}, {"ListID", ListID}}, doc);
+  ResponseView::Response rs = SendSimple("ListDelRq", {{"ListDelType", type}, {"ListID", ListID}}, doc);
   const Long status = rs.StatusCode();
   if (status != 0) {
+    if (fetched) RemoveHolding(ListRecord::kListID, ListID);
     CollectionErrors().AddCode(1001, "", "QuickBooks: " + rs.Message());
     Raise(1026, CollectionLabel());
   }
-  if (bRemove) RemoveHolding(ListRecord::kListID, ListID);
+  if (bRemove || fetched) RemoveHolding(ListRecord::kListID, ListID);
   return status;
 }
 

@@ -65,6 +65,9 @@ class ListCollectionBase : public CollectionCore, public zkList {
   }
   void AfterChange() override;
   zqEnumListType CommitList() const override { return Facts().listType; }
+  // Whether the collection holds records of several kinds (its declaration then names the list:
+  // its query, label and facts; each record's own declaration names its kind).
+  virtual bool SeveralKinds() const { return false; }
 
   // One query: `filters` writes the children after "MaxReturned" (none: every record); `needs`
   // names the query features it uses, which the kind must take. Returns how many records it read.

@@ -1,5 +1,6 @@
 #include "brenvale/model/RecordCore.hpp"
 
+#include <algorithm>
 #include <bit>
 #include <bitset>
 #include <cstring>
@@ -229,6 +230,18 @@ const ChildListBase* RecordCore::FindChildren(FieldId id) const {
              : nullptr;
 }
 
+void RecordCore::ForEachNested(const std::function<void(const RecordCore&)>& visit) const {
+  for (const Slot& s : values_.Slots()) {
+    if (!(s.flags & ValueStore::kOwned)) continue;
+    if (decl_->Field(s.id).kind == ValueKind::Children) {
+      for (const auto& child : *reinterpret_cast<const ChildListBase*>(static_cast<std::uintptr_t>(s.bits)))
+        visit(*child);
+    } else {
+      visit(*reinterpret_cast<const RecordCore*>(static_cast<std::uintptr_t>(s.bits)));
+    }
+  }
+}
+
 // --- reading ------------------------------------------------------------------------------------
 
 void RecordCore::ReadFrom(const DomNode& element) {
@@ -443,19 +456,26 @@ bool RecordCore::RuleFails(const Rule& r, ValidateContext& context, int& code) {
       const std::string_view name = RefFullName(r.field);
       if (name.empty()) return r.emptyFails;
       const zqEnumListType list = r.list != zqListTypeNone ? r.list : OwnList();
+      const std::string_view sortTag = r.alike != kNoField ? decl_->Field(r.alike).tag : std::string_view();
       RefEntry found;
-      RefAnswer answer = context.refs ? context.refs->Find(list, name, &found) : RefAnswer::Unknown;
+      RefAnswer answer = context.refs ? context.refs->Find(list, name, &found, sortTag) : RefAnswer::Unknown;
       if (answer == RefAnswer::Unknown && context.refs && context.mayFetch) {
-        context.refs->Fetch(list, {std::string(name)});
-        answer = context.refs->Find(list, name, &found);
+        context.refs->Fetch(list, {std::string(name)}, sortTag);
+        answer = context.refs->Find(list, name, &found, sortTag);
       }
       if (answer == RefAnswer::Unknown) return r.uncheckedFails;
       if (answer == RefAnswer::Missing) return true;
-      if (r.accepted.empty()) return false;
-      for (std::string_view accepted : r.accepted)
-        if (accepted == found.retName) return false;
-      code = r.otherKindCode;
-      return true;
+      if (!r.accepted.empty() &&
+          std::find(r.accepted.begin(), r.accepted.end(), std::string_view(found.retName)) == r.accepted.end()) {
+        code = r.otherKindCode;
+        return true;
+      }
+      // Of another sort than this record: only when both sorts are known.
+      if (r.alike != kNoField && Has(r.alike) && !found.sort.empty() && found.sort != ValueText(r.alike)) {
+        code = r.alikeCode;
+        return true;
+      }
+      return false;
     }
     case RuleKind::Own: break;
   }

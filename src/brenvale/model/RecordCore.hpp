@@ -5,10 +5,12 @@
 // lists it owns. The identities (ListRecord, TxnRecord, LineRecord) and the record classes build on
 // it; none of them reads, writes or validates a field by hand.
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 #include "brenvale/core/Currency.hpp"
@@ -88,6 +90,8 @@ class RecordCore {
   const RecordCore* FindNested(FieldId id) const;
   ChildListBase& ChildrenOf(FieldId id);
   const ChildListBase* FindChildren(FieldId id) const;
+  // Every nested aggregate and child record the record holds.
+  void ForEachNested(const std::function<void(const RecordCore&)>& visit) const;
 
   // The key a collection files the record under; empty: the record is held without a key.
   virtual KeyParts CollectionKeyParts() const { return {}; }
@@ -166,8 +170,14 @@ void RecordCore::ForEachReference(F&& visit) const {
     if (r.kind != RuleKind::Exists) continue;
     const std::string_view name = RefFullName(r.field);
     if (name.empty()) continue;
-    visit(r.list != zqListTypeNone ? r.list : OwnList(), name);
+    const zqEnumListType list = r.list != zqListTypeNone ? r.list : OwnList();
+    // A visitor that takes a third argument is told the element a lookup must also bring.
+    if constexpr (std::is_invocable_v<F&, zqEnumListType, std::string_view, std::string_view>)
+      visit(list, name, r.alike != kNoField ? decl_->Field(r.alike).tag : std::string_view());
+    else
+      visit(list, name);
   }
+  ForEachNested([&](const RecordCore& nested) { nested.ForEachReference(visit); });
 }
 
 // Length in characters of UTF-8 text.

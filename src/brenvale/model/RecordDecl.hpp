@@ -61,6 +61,10 @@ struct Rule {
   int otherKindCode = 0;
   bool emptyFails = false;
   bool uncheckedFails = false;
+  // Exists: a field whose value the record found must share, in its element of the same tag, and
+  // the code added when it does not.
+  FieldId alike = kNoField;
+  int alikeCode = 0;
   OwnCheck check = nullptr;
 
   constexpr Rule Message(std::string_view text) const {
@@ -73,6 +77,15 @@ struct Rule {
     Rule r = *this;
     r.accepted = rets;
     r.otherKindCode = otherCode;
+    return r;
+  }
+  // The record found must be of the same sort as this one: hold the same value as this record's
+  // field `id` (a sub-account's parent is an account of the sub-account's type); `otherCode` when not.
+  constexpr Rule Alike(FieldId id, int otherCode) const {
+    if (kind != RuleKind::Exists) throw "only a reference rule compares what it finds";
+    Rule r = *this;
+    r.alike = id;
+    r.alikeCode = otherCode;
     return r;
   }
   constexpr Rule EmptyFails() const {

@@ -1,6 +1,7 @@
 // The engine's declarations against QuickBooks' own: every declared element's children in the order
 // of the qbXML 13.0 schema, and the version that brought each element and the length QuickBooks
 // Desktop allows as Intuit's annotated sample gives them.
+#include <functional>
 #include <map>
 #include <regex>
 
@@ -231,6 +232,29 @@ TEST_F(DeclarationsTest, VersionsAndLengthsAreQuickBooksDesktops) {
   }
   EXPECT_GT(compared, 150u);
   EXPECT_TRUE(problems.empty()) << problems.size() << " declarations differ from QuickBooks':" << Listed(problems);
+}
+
+// The other way round: whatever QuickBooks' schema lets a request hold, at any depth, the engine
+// declares, so that no request QuickBooks takes is refused as malformed.
+TEST_F(DeclarationsTest, EveryElementOfQuickBooksRequestsIsDeclared) {
+  const Declarations& ds = Declarations::Get();
+  std::vector<std::string> missing;
+  std::function<void(const Decl&, pugi::xml_node, const std::string&)> walk = [&](const Decl& decl, pugi::xml_node def,
+                                                                                  const std::string& path) {
+    for (auto& [name, node] : schema_.Children(def)) {
+      const brenvale::rqp::detail::ChildRule* rule = decl.Child(name);
+      if (!rule) {
+        missing.push_back(path + "/" + name);
+      } else if (const Decl& child = ds.At(rule->decl); child.IsComplex() && node) {
+        walk(child, node, path + "/" + name);
+      }
+    }
+  };
+  for (auto& [name, id] : ds.Requests())
+    if (pugi::xml_node definition = schema_.Element(name)) walk(ds.At(id), definition, name);
+  std::sort(missing.begin(), missing.end());
+  EXPECT_GT(ds.Requests().size(), 100u);
+  EXPECT_TRUE(missing.empty()) << missing.size() << " elements QuickBooks takes are not declared:" << Listed(missing);
 }
 
 }  // namespace

@@ -94,7 +94,7 @@ Company::Company(const std::string& path, qbEnumFileOpenMode mode, const HostFac
     if (store_->NeedsReindex())
       InTransaction(store_->Db(), [&] {
         if (!store_->NeedsReindex()) return;  // another session did it meanwhile
-        ReindexRecords(*context_);
+        RebuildRecords(*context_);
         UpgradeCompany(*context_);
         store_->Reindexed();
       });

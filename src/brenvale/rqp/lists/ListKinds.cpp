@@ -5,6 +5,7 @@
 
 #include <cctype>
 
+#include "brenvale/rqp/ledger/Ledger.hpp"
 #include "brenvale/rqp/lists/KindHooks.hpp"
 #include "brenvale/rqp/protocol/Text.hpp"
 
@@ -39,7 +40,8 @@ struct KindRow {
   std::vector<std::string_view> indexed = {};
   std::vector<ChangeHook> hooks = {};
   std::vector<DeleteGuard> deleteGuards = {};
-  bool rollsUpBalances = false;
+  std::vector<Computed> computed = {};
+  std::vector<std::pair<std::string_view, std::vector<std::string_view>>> refTargets = {};
 };
 
 constexpr unsigned kList = kAdd | kDel;
@@ -69,9 +71,19 @@ constexpr std::string_view kItemOrder[] = {"ItemService",  "ItemNonInventory", "
                                            "ItemPayment", "ItemSalesTax", "ItemSalesTaxGroup", "ItemGroup"};
 
 const std::vector<KindRow>& Rows() {
-  // Inventory reports its quantities and value, and its prices even when none was given.
-  const Defaults inventory = {{"SalesPrice", "0.00"},     {"PurchaseCost", "0.00"}, {"QuantityOnHand", "0"},
-                              {"AverageCost", "0.00"},    {"QuantityOnOrder", "0"}, {"QuantityOnSalesOrder", "0"}};
+  // Inventory reports its prices even when none was given, and what is on order (no orders yet).
+  const Defaults inventory = {{"SalesPrice", "0.00"}, {"PurchaseCost", "0.00"}, {"QuantityOnOrder", "0"},
+                              {"QuantityOnSalesOrder", "0"}};
+  // What QuickBooks computes from the ledger: balances, and the stock of inventory.
+  const std::vector<Computed> accountBalances = {{"Balance", AccountBalanceSql(false)},
+                                                 {"TotalBalance", AccountBalanceSql(true)}};
+  const std::vector<Computed> stock = {{"QuantityOnHand", QuantityOnHandSql()}, {"AverageCost", AverageCostSql()}};
+  // What an assembly is built from, and what a group may hold (any item but another group).
+  const std::vector<std::string_view> components = {"ItemInventory", "ItemInventoryAssembly", "ItemNonInventory",
+                                                    "ItemService", "ItemOtherCharge"};
+  std::vector<std::string_view> groupable;
+  for (auto kind : kItemOrder)
+    if (kind != "ItemGroup") groupable.push_back(kind);
   static const std::vector<KindRow> rows = {
       {1, "Account", "Account", NameGroup::Own, Family::None, "Name", kAdd | kMod | kDel | kDataExt, " 6.0 ",
        "Name!:s31 FullName[r]:s159 IsActive:b ParentRef:ref Sublevel[r]:int AccountType!:E.AccountType "
@@ -80,11 +92,11 @@ const std::vector<KindRow>& Rows() {
        "SalesTaxCodeRef[am]^6.0:ref3 TaxLineID[am]^7.0:int TaxLineInfoRet[r]^2.1{TaxLineID!:int TaxLineName:s256} "
        "CashFlowClassification[r]^2.1:e(None|Operating|Investing|Financing|NotApplicable) CurrencyRef^8.0:ref64",
        "AccountType*:E.AccountType CurrencyFilter^8.0=CurrencyFilter",
-       {{"Balance", "0.00"}, {"TotalBalance", "0.00"}},
-       {"AccountType"},
-       {OpeningBalance, AccountTaxLine, AccountOrderAndCashFlow},
+       {},
+       {"AccountType", "SpecialAccountType"},
+       {AccountTree, PostsOpeningBalance, AccountTaxLine, AccountOrderAndCashFlow},
        {KeepSpecialAccounts},
-       true},
+       accountBalances},
       {2, "Customer", "Customer", NameGroup::Names, Family::Entity, "Name", kAdd | kMod | kDel | kDataExt | kIterator,
        "", "Name!:s41 FullName[r]:s209 IsActive^m3.0:b ClassRef^12.0:ref159 ParentRef^m3.0:ref Sublevel[r]:int CompanyName:s41 "
        "Salutation:s15 FirstName:s25 MiddleName:s5 LastName:s25 Suffix[am]:s10 JobTitle^12.0:s41 BillAddress=Address "
@@ -102,11 +114,12 @@ const std::vector<KindRow>& Rows() {
        "PreferredDeliveryMethod^12.0:e(None|Email|Fax) PriceLevelRef^4.0:ref31 ExternalGUID[ar]^8.0:guid "
        "TaxRegistrationNumber[am]^8.0:s30 CurrencyRef^8.0:ref64",
        "TotalBalanceFilter=TotalBalanceFilter CurrencyFilter^8.0=CurrencyFilter ClassFilter^12.0=ClassFilter",
-       {{"Balance", "0.00"}, {"TotalBalance", "0.00"}, {"JobStatus", "None"}, {"PreferredDeliveryMethod", "None"}},
+       {{"JobStatus", "None"}, {"PreferredDeliveryMethod", "None"}},
        {},
-       {OpeningBalance},
+       {PostsOpeningBalance},
        {},
-       true},
+       {{"Balance", EntityBalanceSql("AccountsReceivable", false)},
+        {"TotalBalance", EntityBalanceSql("AccountsReceivable", true)}}},
       {3, "Vendor", "Vendor", NameGroup::Names, Family::Entity, "Name", kAdd | kMod | kDel | kDataExt | kIterator, "",
        "Name!:s41 IsActive^m3.0:b ClassRef^12.0:ref159 CompanyName:s41 Salutation:s15 "
        "FirstName:s25 MiddleName:s5 LastName:s25 Suffix[am]:s10 JobTitle^12.0:s41 VendorAddress=Address "
@@ -122,9 +135,11 @@ const std::vector<KindRow>& Rows() {
        "IsTaxTrackedOnPurchases[am]^8.0:b TaxOnPurchasesAccountRef[am]^8.0:ref IsTaxTrackedOnSales[am]^8.0:b "
        "TaxOnSalesAccountRef[am]^8.0:ref IsTaxOnTax[am]^8.0:b PrefillAccountRef^8.0*3:ref159 CurrencyRef^8.0:ref64",
        "TotalBalanceFilter=TotalBalanceFilter CurrencyFilter^8.0=CurrencyFilter ClassFilter^12.0=ClassFilter",
-       {{"IsVendorEligibleFor1099", "false"}, {"Balance", "0.00"}},
+       {{"IsVendorEligibleFor1099", "false"}},
        {},
-       {OpeningBalance}},
+       {PostsOpeningBalance},
+       {},
+       {{"Balance", EntityBalanceSql("AccountsPayable", false)}}},
       {4, "Employee", "Employee", NameGroup::Names, Family::Entity, "Name", kAdd | kMod | kDel | kDataExt, "",
        "Name:s41 IsActive^m3.0:b Salutation:s15 FirstName:s25 MiddleName:s5 LastName:s25 Suffix[am]:s10 "
        "JobTitle^12.0:s41 SupervisorRef^13.0:ref209 Department^13.0:s31 Description^13.0:s64 TargetBonus^13.0:amt "
@@ -192,14 +207,15 @@ const std::vector<KindRow>& Rows() {
        "$InventoryVendor ReorderPoint:quan Max^13.0:quan "
        "QuantityOnHand[ar]:quan TotalValue[a]:amt InventoryDate[a]:d AverageCost[r]:price QuantityOnOrder[r]:quan "
        "QuantityOnSalesOrder[r]^2.0:quan ExternalGUID[ar]^8.0:guid",
-       "ClassFilter^12.0=ClassFilter", inventory, {}, {ItemBarCode, InventoryStart}},
+       "ClassFilter^12.0=ClassFilter", inventory, {}, {ItemBarCode, InventoryStart}, {}, stock},
       {24, "ItemInventoryAssembly", "Item", NameGroup::Items, Family::Item, "Name", kItem, "2.0 3.0 2.0",
        "$ItemHead ManufacturerPartNumber^12.0:s31 $Inventory $InventoryVendor BuildPoint:quan Max^13.0:quan "
        "QuantityOnHand[ar]:quan "
        "TotalValue[a]:amt InventoryDate[a]:d AverageCost[r]:price QuantityOnOrder[r]:quan "
        "QuantityOnSalesOrder[r]:quan ExternalGUID[ar]^8.0:guid "
        "(ClearItemsInGroup[m]!:b | ItemInventoryAssemblyLine*{ItemInventoryRef!:ref159 Quantity:quan})",
-       "ClassFilter^12.0=ClassFilter", inventory, {}, {ItemBarCode, InventoryStart}},
+       "ClassFilter^12.0=ClassFilter", inventory, {}, {ItemBarCode, InventoryStart, AssemblyComponents}, {}, stock,
+       {{"ItemInventoryRef", components}}},
       {25, "ItemFixedAsset", "Item", NameGroup::Items, Family::Item, "Name", kItem, "3.0 3.0 3.0",
        "$FlatItemHead ClassRef^12.0:ref159 AcquiredAs!:e(New|Old) PurchaseDesc!:s50 PurchaseDate!:d "
        "PurchaseCost:price VendorOrPayeeName:s50 AssetAccountRef:ref159 "
@@ -223,12 +239,13 @@ const std::vector<KindRow>& Rows() {
        "SalesTaxReturnLineRef[am]^8.0:ref ExternalGUID[ar]^8.0:guid",
        "ClassFilter^12.0=ClassFilter", {{"TaxRate", "0.00"}}, {}, {ItemBarCode}},
       {30, "ItemSalesTaxGroup", "Item", NameGroup::Items, Family::Item, "Name", kItem, " 3.0 ",
-       "$FlatItemHead ItemDesc:s4095 ExternalGUID[ar]^8.0:guid ItemSalesTaxRef+:ref31", "", {}, {}, {ItemBarCode}},
+       "$FlatItemHead ItemDesc:s4095 ExternalGUID[ar]^8.0:guid ItemSalesTaxRef+:ref31", "", {}, {}, {ItemBarCode}, {},
+       {}, {{"ItemSalesTaxRef", {"ItemSalesTax"}}}},
       {31, "ItemGroup", "Item", NameGroup::Items, Family::Item, "Name", kItem, " 3.0 ",
        "$FlatItemHead ItemDesc:s4095 UnitOfMeasureSetRef^7.0:ref31 ForceUOMChange[m]^7.0:b IsPrintItemsInGroup:b "
        "$SpecialItem ExternalGUID[ar]^8.0:guid "
        "(ClearItemsInGroup[m]!:b | ItemGroupLine*{ItemRef:ref Quantity:quan UnitOfMeasure^7.0:s31})",
-       "", {{"IsPrintItemsInGroup", "false"}}, {}, {ItemBarCode}},
+       "", {{"IsPrintItemsInGroup", "false"}}, {}, {ItemBarCode}, {}, {}, {{"ItemRef", groupable}}},
       {40, "PriceLevel", "Price Level", NameGroup::Own, Family::None, "Name", kAdd | kMod | kDel, "4.0 4.0 4.0",
        "Name!:s31 IsActive:b PriceLevelType[r]:e(FixedPercentage|PerItem) (PriceLevelFixedPercentage!:pct | "
        "PriceLevelPerItem~R*{ItemRef!:ref (CustomPrice!:price | CustomPricePercent!:pct | "
@@ -399,7 +416,8 @@ std::vector<ListKind> BuildListKinds() {
     k.indexed = row.indexed;
     k.hooks = row.hooks;
     k.deleteGuards = row.deleteGuards;
-    k.rollsUpBalances = row.rollsUpBalances;
+    k.computed = row.computed;
+    k.refTargets = row.refTargets;
     for (std::size_t i = 0; i < std::size(kItemOrder); ++i)
       if (kItemOrder[i] == row.base) k.sortGroup = static_cast<int>(i);
     std::string base(k.base);
@@ -414,6 +432,8 @@ std::vector<ListKind> BuildListKinds() {
     if (row.flags & kMod) k.mod = ds.Named(k.modName);
     k.deletable = row.flags & kDel;
     k.hierarchical = k.ret->Child("ParentRef") && k.ret->Child("Sublevel");
+    for (auto& c : k.computed) k.computedSelect += (k.computedSelect.empty() ? "SELECT " : ", ") + c.sql;
+    if (!k.computedSelect.empty()) k.computedSelect += " FROM records WHERE id=?";
     kinds.push_back(std::move(k));
   }
   return kinds;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "brenvale/rqp/protocol/Text.hpp"
+#include "brenvale/rqp/records/Kind.hpp"
 #include "brenvale/rqp/schema/Declarations.hpp"
 
 namespace brenvale::rqp::detail {
@@ -50,7 +51,33 @@ std::string WithNames(Context& co, std::string_view ret, FullNames* names) {
   return out;
 }
 
+// The stored record with its computed elements' values in place of their empty elements.
+std::string WithComputed(Context& co, const ListKind& kind, const Record& record) {
+  auto& s = co.Data().Db().Prepare(kind.computedSelect);
+  s.Bind(1, record.rowId);
+  std::string ret = record.ret;
+  if (s.Step()) {
+    int col = 0;
+    for (auto& c : kind.computed) {
+      std::string open = "<" + std::string(c.element) + ">", close = "</" + std::string(c.element) + ">";
+      std::size_t at = ret.find(open + close);
+      const ChildRule* rule = kind.ret->Child(c.element);
+      if (at != std::string::npos && rule)
+        ret.insert(at + open.size(), FormatNumber(Declarations::Get().At(rule->decl).type, s.Int(col)));
+      ++col;
+    }
+  }
+  s.Reset();
+  return ret;
+}
+
 }  // namespace
+
+void WriteListRecord(Context& co, const Record& record, const RetOptions& options, std::string& out, FullNames* names) {
+  const ListKind* kind = KindByCode(record.kind);
+  if (!kind || kind->computed.empty()) return WriteRecord(co, record.listId, record.ret, options, out, names);
+  WriteRecord(co, record.listId, WithComputed(co, *kind, record), options, out, names);
+}
 
 RetOptions OptionsOf(pugi::xml_node request, int version) {
   return RetOptions{ChildTexts(request, "IncludeRetElement"), ChildTexts(request, "OwnerID"), version};

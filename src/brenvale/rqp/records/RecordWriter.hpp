@@ -10,6 +10,7 @@
 
 #include "brenvale/rqp/protocol/Text.hpp"
 #include "brenvale/rqp/records/Context.hpp"
+#include "brenvale/rqp/store/Store.hpp"
 
 namespace brenvale::rqp::detail {
 
@@ -39,6 +40,11 @@ using FullNames = std::unordered_map<std::string, std::optional<std::string>>;
 // of one answer (nothing may change between them).
 void WriteRecord(Context& co, std::string_view objectId, std::string_view ret, const RetOptions& options,
                  std::string& out, FullNames* names = nullptr);
+
+// Writes a list record as WriteRecord does, with what QuickBooks computes for its kind (balances,
+// quantities on hand) filled in from the ledger.
+void WriteListRecord(Context& co, const Record& record, const RetOptions& options, std::string& out,
+                     FullNames* names = nullptr);
 
 // Appends one DataExtRet element.
 void AppendDataExtRet(std::string& out, std::string_view owner, std::string_view name, std::string_view type,

@@ -178,6 +178,8 @@ Problem CheckValue(const Decl& decl, std::string& text);
 // others as short as possible. `value` is in hundred-thousandths.
 std::string FormatAmount(long long value);
 std::string FormatDecimal(long long hundredThousandths, int minDecimals);
+// The canonical text of a number of type `type` (Amt, Price, Pct, Quan, Float), in hundred-thousandths.
+std::string FormatNumber(VType type, long long value);
 // Parses decimal text into hundred-thousandths (five decimals, rounded half away from zero).
 std::optional<long long> ParseDecimal(std::string_view text);
 

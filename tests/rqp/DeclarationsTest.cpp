@@ -100,6 +100,9 @@ class DeclarationsTest : public ::testing::Test {
         out.push_back(at + ": length " + std::to_string(child.maxLength) + ", QuickBooks Desktop's is " +
                       std::to_string(a.length));
       if (ret && a.notInDesktop) out.push_back(at + ": answered, but QuickBooks Desktop does not have it");
+      bool desktopTakesIt = rule.editions == 0 || (rule.editions & brenvale::rqp::detail::kEditionUS) != 0;
+      if (!ret && a.notInDesktop && desktopTakesIt) out.push_back(at + ": taken, but QuickBooks Desktop does not have it");
+      if (!ret && !a.notInDesktop && !desktopTakesIt) out.push_back(at + ": refused, but QuickBooks Desktop has it");
       if (child.IsComplex()) CompareAnnotations(child, s, at, ret, since, out);
     }
   }

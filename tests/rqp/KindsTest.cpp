@@ -246,14 +246,14 @@ INSTANTIATE_TEST_SUITE_P(
         KindCase{"Account", "<Name>Checking</Name><AccountType>Bank</AccountType><TaxLineID>1</TaxLineID>" + kDollars,
                  "<Desc>Main</Desc>", {{"Desc", "Main"}, {"Balance", "0.00"}, {"TaxLineInfoRet/TaxLineID", "1"}}},
         KindCase{"Customer",
-                 "<Name>Full</Name>" + kClass + "<CompanyName>Full Ltd</CompanyName><Suffix>Jr</Suffix><BillAddress><Addr1>1 Main</Addr1>"
+                 "<Name>Full</Name>" + kClass + "<CompanyName>Full Ltd</CompanyName><BillAddress><Addr1>1 Main</Addr1>"
                  "<City>Town</City></BillAddress><ShipToAddress><Name>Dock</Name><City>Port</City></ShipToAddress><Contacts>"
                  "<FirstName>Al</FirstName><AdditionalContactRef><ContactName>Cell</ContactName><ContactValue>1</ContactValue>"
                  "</AdditionalContactRef></Contacts><CreditCardInfo><ExpirationMonth>12</ExpirationMonth></CreditCardInfo>"
                  "<AdditionalNotes><Note>hello</Note></AdditionalNotes>" + kDollars,
                  "<JobStatus>Pending</JobStatus><AdditionalNotesMod><NoteID>1</NoteID><Note>bye</Note></AdditionalNotesMod>",
                  {{"JobStatus", "Pending"}, {"AdditionalNotesRet/Note", "bye"}, {"BillAddress/City", "Town"},
-                  {"BillAddressBlock/Addr2", "Town"}, {"Suffix", ""}}},
+                  {"BillAddressBlock/Addr2", "Town"}}},
         KindCase{"Vendor", "<Name>V2</Name>" + kClass + "<VendorAddress><Addr1>x</Addr1></VendorAddress><IsVendorEligibleFor1099>true"
                            "</IsVendorEligibleFor1099><PrefillAccountRef><FullName>Sales</FullName></PrefillAccountRef>" + kDollars,
                  "<NameOnCheck>V Two</NameOnCheck>", {{"NameOnCheck", "V Two"}, {"PrefillAccountRef/FullName", "Sales"}}},

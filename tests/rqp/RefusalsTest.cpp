@@ -168,5 +168,44 @@ INSTANTIATE_TEST_SUITE_P(
                 "list element has sub-elements; delete or move them first."}),
     [](const ::testing::TestParamInfo<Refusal>& p) { return p.param.what; });
 
+// What only other editions of QuickBooks have (QuickBooks Online, the Canadian, UK and Australian
+// desktops) is refused whole by a US desktop, as an element its parser does not know; a Canadian
+// one takes what it has.
+using EditionsTest = EngineTest;
+
+TEST_F(EditionsTest, ElementsOfOtherEditionsAreRefusedWhole) {
+  const std::pair<std::string, std::string> requests[] = {
+      {"<CustomerAddRq><CustomerAdd><Name>A</Name><Mobile>555</Mobile></CustomerAdd></CustomerAddRq>", "Mobile"},
+      {"<CustomerAddRq><CustomerAdd><Name>A</Name><SalesTaxCountry>Canada</SalesTaxCountry></CustomerAdd>"
+       "</CustomerAddRq>", "SalesTaxCountry"},
+      {"<VendorAddRq><VendorAdd><Name>V</Name><IsSalesTaxAgency>true</IsSalesTaxAgency></VendorAdd></VendorAddRq>",
+       "IsSalesTaxAgency"},
+      {"<EmployeeAddRq><EmployeeAdd><Name>E</Name></EmployeeAdd></EmployeeAddRq>", "Name"},
+      {"<EmployeeAddRq><EmployeeAdd><FirstName>E</FirstName><EmployeeAddress><Country>US</Country></EmployeeAddress>"
+       "</EmployeeAdd></EmployeeAddRq>", "Country"},
+      {"<AccountAddRq><AccountAdd><Name>X</Name><AccountType>Bank</AccountType><DetailAccountType>Checking"
+       "</DetailAccountType></AccountAdd></AccountAddRq>", "DetailAccountType"},
+      {"<ItemServiceAddRq><ItemServiceAdd><Name>S</Name><IsTaxIncluded>true</IsTaxIncluded><SalesOrPurchase><Price>1"
+       "</Price></SalesOrPurchase></ItemServiceAdd></ItemServiceAddRq>", "IsTaxIncluded"},
+  };
+  for (auto& [request, element] : requests) {
+    BrenvaleError e = Failure(Message(request));
+    EXPECT_EQ(e.Number(), brenvale::rqp::hresult::kParseError) << element;
+    EXPECT_NE(e.Description().find("Element \"" + element + "\" of "), std::string::npos) << e.Description();
+    EXPECT_NE(e.Description().find("is not in QuickBooks Desktop (US)."), std::string::npos) << e.Description();
+  }
+  EXPECT_EQ(One("<CustomerQueryRq><FullName>A</FullName></CustomerQueryRq>").code, 500);
+
+  engine_->EndSession(ticket_);
+  brenvale::rqp::HostFacts canada;
+  canada.Country = "CA";
+  Open(canada);
+  EXPECT_EQ(Send(requests[1].first)[0].code, 0);  // a Canadian desktop has it
+  BrenvaleError e = Failure(Message("<CustomerAddRq><CustomerAdd><Name>B</Name><ItemSalesTaxRef><FullName>T</FullName>"
+                                    "</ItemSalesTaxRef></CustomerAdd></CustomerAddRq>"));
+  EXPECT_NE(e.Description().find("Element \"ItemSalesTaxRef\" of \"CustomerAdd\" is not in QuickBooks Desktop (Canada)."),
+            std::string::npos) << e.Description();
+}
+
 }  // namespace
 }  // namespace rqptest

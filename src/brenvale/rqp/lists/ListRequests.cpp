@@ -144,8 +144,14 @@ void BuildFilters(Context& co, const Kinds& kinds, pugi::xml_node rq, Query& q) 
 
 void WriteRows(Context& co, const std::vector<std::int64_t>& rowIds, const RetOptions& options, std::string& out) {
   FullNames names;
-  for (auto id : rowIds)
+  std::size_t written = 0, start = out.size();
+  for (auto id : rowIds) {
     if (auto r = co.Data().ByRowId(id)) WriteListRecord(co, *r, options, out, &names);
+    // A long answer is given room at once, by the size of its first records: growing it step by
+    // step copies it over and over.
+    if (++written == 16 && rowIds.size() > 64)
+      out.reserve(start + (out.size() - start) / written * rowIds.size() * 5 / 4);
+  }
 }
 
 void ContinueIteration(Context& co, const Request& rq, Reply& reply, const std::string& how) {

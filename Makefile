@@ -4,7 +4,7 @@
 BUILD ?= build
 PACKAGES = cmake ninja-build g++ pkg-config libpugixml-dev libsqlite3-dev libgtest-dev libgmock-dev \
            libbenchmark-dev libcli11-dev libxml2-dev libxml2-utils
-# clang and its libFuzzer runtime, for `make fuzz`
+# clang and its runtime: libFuzzer for `make fuzz`, the sanitizers for CI's second build
 PACKAGES += clang libclang-rt-14-dev
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)
 JOBS ?= $(shell nproc 2>/dev/null || echo 2)

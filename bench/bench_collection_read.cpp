@@ -6,15 +6,11 @@
 // Sublevel, and skips every other child as an unknown element, as it would in a real response.
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <pugixml.hpp>
-#include <stdexcept>
 #include <string>
 
+#include "BenchSupport.hpp"
 #include "brenvale/Brenvale.hpp"
 #include "brenvale/qbxml/Session.hpp"
 
@@ -22,23 +18,23 @@ namespace {
 
 constexpr int kRecords = 10000;
 
+// Every `from` in `text` replaced by `to`, in one pass.
 void ReplaceAll(std::string& text, const std::string& from, const std::string& to) {
-  for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
-    text.replace(at, from.size(), to);
+  std::string out;
+  out.reserve(text.size());
+  std::size_t start = 0;
+  for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, start)) {
+    out.append(text, start, at - start).append(to);
+    start = at + from.size();
+  }
+  out.append(text, start, std::string::npos);
+  text = std::move(out);
 }
 
 // The generator's customer response, turned into a class query response.
 const std::string& ClassResponse() {
   static const std::string response = [] {
-    std::string dir = (std::filesystem::temp_directory_path() / "brenvale-bench-XXXXXX").string();
-    if (!mkdtemp(dir.data())) throw std::runtime_error("cannot make a temporary folder");
-    std::string command = "python3 '" BRENVALE_BENCH_GEN "' --customers " + std::to_string(kRecords) +
-                          " --invoices 1 --lines 1 --out '" + dir + "' > /dev/null";
-    int status = std::system(command.c_str());
-    std::ifstream in(std::filesystem::path(dir) / "customers.xml", std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    std::filesystem::remove_all(dir);
-    if (status != 0 || text.empty()) throw std::runtime_error("the bench generator failed: " + command);
+    std::string text = brenvale::bench::GeneratedCustomers(kRecords);
     ReplaceAll(text, "CustomerQueryRs", "ClassQueryRs");
     ReplaceAll(text, "<CustomerRet>", "<ClassRet>");
     ReplaceAll(text, "</CustomerRet>", "</ClassRet>");
@@ -47,29 +43,11 @@ const std::string& ClassResponse() {
   return response;
 }
 
-// Answers every request with the class response.
-class CannedProcessor : public brenvale::IRequestProcessor {
- public:
-  void OpenConnection(const std::string&, const std::string&) override {}
-  void OpenConnection2(const std::string&, const std::string&, brenvale::qbConnectionType) override {}
-  std::string BeginSession(const std::string&, brenvale::qbEnumFileOpenMode) override { return "T"; }
-  std::vector<std::string> QBXMLVersionsForSession(const std::string&) override { return {"13.0"}; }
-  std::string GetCurrentCompanyFileName(const std::string&) override { return {}; }
-  std::string ProcessRequest(const std::string&, const std::string&) override { return ClassResponse(); }
-  std::string ProcessSubscription(const std::string&) override { return {}; }
-  void EndSession(const std::string&) override {}
-  void CloseConnection() override {}
-  brenvale::ProcessorAuthPreferences& AuthPreferences() override { return prefs_; }
-
- private:
-  brenvale::ProcessorAuthPreferences prefs_;
-};
-
 void BM_CollectionQuery(benchmark::State& state) {
   brenvale::Session& session = brenvale::CurrentSession();
   session.qbxmlVersion = "13.0";
   session.qbXMLVersionNumber = brenvale::VersionNumberOf("13.0");
-  session.processor = std::make_shared<CannedProcessor>();
+  session.processor = std::make_shared<brenvale::bench::CannedProcessor>(&ClassResponse);
   session.ticket = "T";
   ClassResponse();
   for (auto _ : state) {

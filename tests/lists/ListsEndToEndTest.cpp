@@ -283,18 +283,35 @@ TEST_F(CompanyEndToEnd, ToDoIsModified) {
   ASSERT_NE(back, nullptr);
   EXPECT_EQ(back->Notes(), "Call the bank again");
   EXPECT_TRUE(back->IsDone());
+  // Every query of to-dos asks for the done ones too.
+  ToDoList all;
+  all.GetAll();
+  EXPECT_NE(all.Find(t.ListID()), nullptr);
 }
 
-// The read-only lists answer their queries. A US company has no tax code list: its request is not
-// part of the qbXML the company knows, so the whole document is refused.
+// The read-only lists answer their queries; what QuickBooks has no request for is refused before
+// anything is sent. A US company has no tax code list: the qbXML it knows has no tax code request.
 TEST_F(CompanyEndToEnd, ReadOnlyListsAndTaxCodes) {
   Templates templates;
   EXPECT_GE(templates.GetAll(), 0);
+  EXPECT_EQ(templates.GetAll(1), std::min<Long>(templates.Count(), 1));
   PayrollItemNonWages nonWages;
   EXPECT_GE(nonWages.GetAll(), 0);
-  TaxCodes taxCodes;
-  BrenvaleError e = RaisedBy([&] { taxCodes.GetAll(); });
-  EXPECT_EQ(e.Number(), ErrorNumber(1999));
+  const auto before = BrenvaleGlobals::QBConnection().qbxmlVersion();
+  for (const auto& refused : std::vector<std::pair<int, std::function<void()>>>{
+           {1026, [&] { templates.GetByListID("80000001-1"); }},
+           {1026, [&] { templates.GetByNameMatch("S", qbMatchStartsWith); }},
+           {1026, [&] { BrenvaleGlobals::Templates().Delete("80000001-1"); }},
+           {1026, [&] { BrenvaleGlobals::ToDoList().GetByFullName("x"); }},
+           {1005, [&] { TaxCodes().GetAll(); }},
+           {1005, [&] {
+              BrenvaleGlobals::TaxCodes().Add("G");
+              BrenvaleGlobals::TaxCodes().Commit();
+            }}}) {
+    BrenvaleError e = RaisedBy(refused.second);
+    EXPECT_EQ(e.Number(), ErrorNumber(refused.first)) << e.Description();
+  }
+  EXPECT_EQ(BrenvaleGlobals::QBConnection().qbxmlVersion(), before);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "brenvale/core/BrenvaleError.hpp"
 #include "brenvale/core/TraceHook.hpp"
 #include "brenvale/qbxml/Session.hpp"
+#include "support/Raised.hpp"
 #include "support/ScriptedProcessor.hpp"
 
 namespace brenvale::testing {
@@ -62,17 +63,5 @@ class TraceCollector {
   ~TraceCollector() { SetTraceObserver({}); }
   std::vector<std::pair<std::string, std::string>> seen;
 };
-
-// Runs `f`, which must raise a library error, and returns that error.
-template <class F>
-BrenvaleError RaisedBy(F&& f) {
-  try {
-    f();
-  } catch (const BrenvaleError& e) {
-    return e;
-  }
-  ADD_FAILURE() << "no error was raised";
-  return BrenvaleError(0, {}, {});
-}
 
 }  // namespace brenvale::testing

@@ -334,7 +334,7 @@ class SimpleListKinds : public ListsTest, public ::testing::WithParamInterface<K
   void SetUp() override {
     ListsTest::SetUp();
     // The parent the hierarchical kinds name is held by each master collection.
-    Company& c = TheCompany();
+    MasterCollections& c = TheMasterCollections();
     for (ListCollectionBase* m : std::initializer_list<ListCollectionBase*>{&c.JobTypes(), &c.VendorTypes(),
                                                                             &c.Classes(), &c.CustomerTypes()})
       m->Clear();
@@ -454,6 +454,22 @@ TEST_F(SimpleListRules, WageTypeRefusesUnknownCodes) {
   BrenvaleError e = RaisedBy([&] { w.WageType(static_cast<qbEnumWageType>(99)); });
   EXPECT_EQ(e.Number(), ErrorNumber(1007));
   EXPECT_EQ(w.WageType(), qbEnumWageType{});
+}
+
+// A wage type is read as QuickBooks writes it and with blanks; it is written as QuickBooks takes it.
+TEST_F(SimpleListRules, WageTypeIsReadWithOrWithoutBlanksAndWrittenWithout) {
+  for (const char* text : {"SalaryRegular", "Salary Regular"}) {
+    PayrollItemWage w;
+    w.FromDom(DomDocument::Load(std::string("<PayrollItemWageRet><Name>S</Name><WageType>") + text +
+                                "</WageType></PayrollItemWageRet>")
+                  .DocumentElement());
+    EXPECT_EQ(w.WageType(), qbWageTypeSalaryRegular) << text;
+    w.Name("T");
+    w.ExpenseAccountRef("Wages");
+    xmlBldr b;
+    w.XMLInsert(b);
+    EXPECT_NE(b.GetXML().find("<WageType>SalaryRegular</WageType>"), std::string::npos) << b.GetXML();
+  }
 }
 
 TEST_F(SimpleListRules, CustomerMessageCollectionSpeaksAsCustomerMsg) {

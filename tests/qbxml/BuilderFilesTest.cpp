@@ -92,10 +92,16 @@ std::string Framed(const std::string& request, const std::string& response) {
   return "<OUTGOING>\n" + request + "\n</OUTGOING>\n<RETURNS>\n" + response + "\n</RETURNS>\n";
 }
 
+// A request the trace can tell apart by its request ID.
 void SendOne(xmlBldr& b, const std::string& tag) {
   b.NewClear();
-  b.CreateElement(tag, "1");
+  b.OpenAggregate("ClassQueryRq", "requestID", tag);
+  b.EndAggregate();
   b.NewSendRequest();
+}
+
+std::string Query(const std::string& tag) {
+  return "<ClassQueryRq requestID = \"" + tag + "\"></ClassQueryRq>";
 }
 
 TEST_F(BuilderFiles, BuilderTraceHoldsTheLastRequestOnly) {
@@ -107,7 +113,7 @@ TEST_F(BuilderFiles, BuilderTraceHoldsTheLastRequestOnly) {
   // The plain declaration and the QBD 1.0 DOCTYPE of a session without a version are stripped.
   EXPECT_EQ(ReadBytes(b.TracePath()),
             "<Trace>\n" +
-                Framed("<QBXML>" + kEnvelope + "<Second>1</Second></QBXMLMsgsRq></QBXML>", kResponseBody) +
+                Framed("<QBXML>" + kEnvelope + Query("Second") + "</QBXMLMsgsRq></QBXML>", kResponseBody) +
                 "</Trace>\n");
 
   // SendToQB alone appends, without the <Trace> frame.
@@ -130,14 +136,14 @@ TEST_F(BuilderFiles, SessionTracePathTakesPrecedenceAndOnlyAppends) {
   SendOne(b, "First");
   SendOne(b, "Second");
   EXPECT_EQ(ReadBytes(sessionPath),
-            "earlier\n" + Framed("<QBXML>" + kEnvelope + "<First>1</First></QBXMLMsgsRq></QBXML>", kResponseBody) +
-                Framed("<QBXML>" + kEnvelope + "<Second>1</Second></QBXMLMsgsRq></QBXML>", kResponseBody));
+            "earlier\n" + Framed("<QBXML>" + kEnvelope + Query("First") + "</QBXMLMsgsRq></QBXML>", kResponseBody) +
+                Framed("<QBXML>" + kEnvelope + Query("Second") + "</QBXMLMsgsRq></QBXML>", kResponseBody));
   EXPECT_EQ(ReadBytes(b.TracePath()), "<Trace>\n</Trace>\n");
 
   // A builder without a path of its own traces to the session's file all the same.
   xmlBldr plain;
   SendOne(plain, "Third");
-  EXPECT_NE(ReadBytes(sessionPath).find("<Third>1</Third>"), std::string::npos);
+  EXPECT_NE(ReadBytes(sessionPath).find(Query("Third")), std::string::npos);
 }
 
 TEST_F(BuilderFiles, TraceStripsOnlyThePlainDeclarationAndTheFixedDoctypes) {
@@ -152,9 +158,9 @@ TEST_F(BuilderFiles, TraceStripsOnlyThePlainDeclarationAndTheFixedDoctypes) {
   SetVersion("13.0");  // not one of the sixteen: its DOCTYPE stays
   SendOne(b, "B");
   EXPECT_EQ(ReadBytes(dir_.File("trace.txt")),
-            Framed(iso + "<QBXML>" + kEnvelope + "<A>1</A></QBXMLMsgsRq></QBXML>", iso + "<QBXML/>") +
+            Framed(iso + "<QBXML>" + kEnvelope + Query("A") + "</QBXMLMsgsRq></QBXML>", iso + "<QBXML/>") +
                 Framed(iso + "<!DOCTYPE QBXML PUBLIC '-//INTUIT//DTD QBXML QBD 13.0//EN' ><QBXML>" + kEnvelope +
-                           "<B>1</B></QBXMLMsgsRq></QBXML>",
+                           Query("B") + "</QBXMLMsgsRq></QBXML>",
                        iso + "<QBXML/>"));
 }
 

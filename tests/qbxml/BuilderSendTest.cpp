@@ -64,27 +64,31 @@ TEST_F(BuilderSend, RequestsGoWithTheTicketAndSubscriptionsWithout) {
   b.OpenAggregate("CustomerQueryRq", "requestID", "1");
   b.EndAggregate();
   b.NewSendRequest();
-  ASSERT_EQ(rqp->calls.size(), 1u);
-  EXPECT_EQ(rqp->calls[0].member, "ProcessRequest");
-  EXPECT_EQ(rqp->calls[0].ticket, "T-42");
-  EXPECT_EQ(rqp->calls[0].request,
+  ASSERT_EQ(rqp->exchanges.size(), 1u);
+  EXPECT_EQ(rqp->exchanges[0].member, "ProcessRequest");
+  EXPECT_EQ(rqp->exchanges[0].ticket, "T-42");
+  EXPECT_EQ(rqp->exchanges[0].request,
             kTop11 + "<QBXML>" + kEnvelope + "<CustomerQueryRq requestID = \"1\"></CustomerQueryRq></QBXMLMsgsRq></QBXML>");
 
   b.NewClearSubscriptions();
   b.OpenAggregate("DataEventSubscriptionQueryRq", "requestID", "1");
-  b.EndAggregate();
+  b.CreateElement("SubscriberID", "{8A5F2DA5-7F5C-4C1B-9F54-4E36C77E2B3C}");
+  b.EndAggregate("DataEventSubscriptionQueryRq");
   b.NewSendSubscriptionRequest();
-  ASSERT_EQ(rqp->calls.size(), 2u);
-  EXPECT_EQ(rqp->calls[1].member, "ProcessSubscription");
-  EXPECT_EQ(rqp->calls[1].request, kTop11 + "<QBXML><QBXMLSubscriptionMsgsRq><DataEventSubscriptionQueryRq requestID = "
-                                            "\"1\"></DataEventSubscriptionQueryRq></QBXMLSubscriptionMsgsRq></QBXML>");
+  ASSERT_EQ(rqp->exchanges.size(), 2u);
+  EXPECT_EQ(rqp->exchanges[1].member, "ProcessSubscription");
+  EXPECT_EQ(rqp->exchanges[1].request,
+            kTop11 + "<QBXML><QBXMLSubscriptionMsgsRq><DataEventSubscriptionQueryRq requestID = \"1\"><SubscriberID>"
+                     "{8A5F2DA5-7F5C-4C1B-9F54-4E36C77E2B3C}</SubscriberID></DataEventSubscriptionQueryRq>"
+                     "</QBXMLSubscriptionMsgsRq></QBXML>");
 
   // The text decides, not the way the document was started.
   b.NewClear();
-  b.CreateElement("Memo", "QBXMLSubscriptionMsgsRq");
+  b.OpenAggregate("ClassQueryRq", "requestID", "QBXMLSubscriptionMsgsRq");
+  b.EndAggregate();
   b.NewSendRequest();
-  ASSERT_EQ(rqp->calls.size(), 3u);
-  EXPECT_EQ(rqp->calls[2].member, "ProcessSubscription");
+  ASSERT_EQ(rqp->exchanges.size(), 3u);
+  EXPECT_EQ(rqp->exchanges[2].member, "ProcessSubscription");
 }
 
 TEST_F(BuilderSend, FirstResponseStatusBecomesErrNumberAndErrMsg) {
@@ -182,15 +186,16 @@ TEST_F(BuilderSend, XmlSendToQbReturnsTheRawResponse) {
   b.NewSendRequest();
   ASSERT_EQ(b.ErrNumber(), 0);
   b.NewClearSubscriptions();  // even a subscription envelope goes by ProcessRequest here
+  rqp->validate = false;      // closed as a request envelope: not a document QuickBooks would take
   const std::string raw = b.XMLSendToQB();
   EXPECT_EQ(raw, Response(3120, "Object not found"));
   EXPECT_EQ(raw.rfind("<?xml version=\"1.0\" ?>", 0), 0u);
   EXPECT_EQ(b.ErrNumber(), 0);
   EXPECT_EQ(b.ErrMsg(), "OK");
-  ASSERT_EQ(rqp->calls.size(), 2u);
-  EXPECT_EQ(rqp->calls[1].member, "ProcessRequest");
-  EXPECT_EQ(rqp->calls[1].ticket, "T");
-  const std::string& sent = rqp->calls[1].request;
+  ASSERT_EQ(rqp->exchanges.size(), 2u);
+  EXPECT_EQ(rqp->exchanges[1].member, "ProcessRequest");
+  EXPECT_EQ(rqp->exchanges[1].ticket, "T");
+  const std::string& sent = rqp->exchanges[1].request;
   EXPECT_EQ(sent.substr(sent.size() - 22), "</QBXMLMsgsRq></QBXML>");
 }
 
@@ -207,6 +212,10 @@ TEST_F(BuilderSend, OnlineResponsesLoseTheirDoctype) {
   b.NewClear();
   EXPECT_EQ(b.GetXML(), "<QBXML>" + kEnvelope);  // nothing in front of the root
   DomDocument doc = b.NewSendRequest();
+  // The declaration and the online DOCTYPE are put in on the way out.
+  EXPECT_EQ(rqp->exchanges.back().request,
+            "<?xml version=\"1.0\" ?><!DOCTYPE QBXML PUBLIC \"-//INTUIT//DTD QBXML QBO 2.0//EN\" "
+            "\"http://apps.quickbooks.com/qbXML/qbxmlops20.dtd\"><QBXML>" + kEnvelope + "</QBXMLMsgsRq></QBXML>");
   EXPECT_EQ(b.ErrNumber(), 1);
   EXPECT_EQ(b.ErrMsg(), "No match");
   EXPECT_EQ(doc.Child(1).BaseName(), "QBXML");
@@ -228,33 +237,33 @@ TEST_F(BuilderSend, QueryShortcutsBuildAndSendOneRequest) {
   xmlBldr full;
   DomDocument doc = full.QueryFullTableExecute("ClassQueryRq", 500);
   EXPECT_EQ(doc.Child(1).BaseName(), "QBXML");
-  EXPECT_EQ(rqp->calls.back().request, head + "<ClassQueryRq requestID = \"1\"></ClassQueryRq></QBXMLMsgsRq></QBXML>");
+  EXPECT_EQ(rqp->exchanges.back().request, head + "<ClassQueryRq requestID = \"1\"></ClassQueryRq></QBXMLMsgsRq></QBXML>");
 
   xmlBldr single;
   single.QuerySingleExecute("CustomerQueryRq", "Acme & Co", "FullName", 10, zqObjectTypeCustomer);
-  EXPECT_EQ(rqp->calls.back().request, head + "<CustomerQueryRq requestID = \"1\"><FullName>Acme &amp; Co</FullName>"
+  EXPECT_EQ(rqp->exchanges.back().request, head + "<CustomerQueryRq requestID = \"1\"><FullName>Acme &amp; Co</FullName>"
                                               "</CustomerQueryRq></QBXMLMsgsRq></QBXML>");
 
   xmlBldr filtered;
-  filtered.QuerySingleExecute("CustomerQueryRq", "Ac", "Name", 0, zqObjectTypeCustomer, "NameFilter", true);
-  EXPECT_EQ(rqp->calls.back().request,
-            head + "<CustomerQueryRq requestID = \"1\"><NameFilter><Name>Ac</Name></NameFilter>"
+  filtered.QuerySingleExecute("CustomerQueryRq", "Ac", "FromName", 0, zqObjectTypeCustomer, "NameRangeFilter", true);
+  EXPECT_EQ(rqp->exchanges.back().request,
+            head + "<CustomerQueryRq requestID = \"1\"><NameRangeFilter><FromName>Ac</FromName></NameRangeFilter>"
                    "<OwnerID>0</OwnerID></CustomerQueryRq></QBXMLMsgsRq></QBXML>");
 
   xmlBldr raw;
-  EXPECT_EQ(raw.XMLQuerySingleExecute("InvoiceQueryRq", "7", "RefNumber", 25, zqObjectTypeInvoice),
+  EXPECT_EQ(raw.XMLQuerySingleExecute("InvoiceQueryRq", "NotPaidOnly", "PaidStatus", 25, zqObjectTypeInvoice),
             Response(0, "Status OK"));
-  EXPECT_EQ(rqp->calls.back().request, head + "<InvoiceQueryRq requestID = \"1\"><MaxReturned>25</MaxReturned>"
-                                              "<RefNumber>7</RefNumber></InvoiceQueryRq></QBXMLMsgsRq></QBXML>");
+  EXPECT_EQ(rqp->exchanges.back().request, head + "<InvoiceQueryRq requestID = \"1\"><MaxReturned>25</MaxReturned>"
+                                              "<PaidStatus>NotPaidOnly</PaidStatus></InvoiceQueryRq></QBXMLMsgsRq></QBXML>");
 
   xmlBldr insert;
   insert.CreateElement("Stale", "x");
   EXPECT_EQ(insert.XMLInsertBegin("ClassAddRq", "ClassAdd"), "");
   insert.CreateElement("Name", "Retail");
   insert.XMLInsertFinish("ClassAddRq", "ClassAdd");
-  EXPECT_EQ(rqp->calls.back().request, head + "<ClassAddRq requestID = \"1\"><ClassAdd><Name>Retail</Name>"
+  EXPECT_EQ(rqp->exchanges.back().request, head + "<ClassAddRq requestID = \"1\"><ClassAdd><Name>Retail</Name>"
                                               "</ClassAdd></ClassAddRq></QBXMLMsgsRq></QBXML>");
-  EXPECT_EQ(rqp->calls.size(), 5u);
+  EXPECT_EQ(rqp->exchanges.size(), 5u);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #pragma once
-// A request processor for tests: records every call, answers requests with a script, and can be
-// told to fail at any step.
+// A request processor for tests: records every call, answers requests from a script, can be told
+// to fail at any step, and checks every request it is given against QuickBooks' qbXML schema (a
+// test whose requests cannot be checked, for want of the schema, is reported skipped).
+#include <deque>
 #include <functional>
 #include <memory>
 #include <string>
@@ -14,26 +16,34 @@ namespace brenvale::testing {
 
 class ScriptedProcessor : public IRequestProcessor {
  public:
-  std::vector<std::string> calls;     // operation names in order
-  std::vector<std::string> requests;  // request texts of ProcessRequest / ProcessSubscription
+  struct Exchange {
+    std::string member;  // "ProcessRequest" or "ProcessSubscription"
+    std::string ticket;
+    std::string request;
+  };
+
+  std::vector<std::string> calls;      // operation names in order
+  std::vector<Exchange> exchanges;     // ProcessRequest and ProcessSubscription calls
+  std::vector<std::string> requests;   // their request texts
   std::vector<std::string> versions{"1.0", "2.0", "13.0"};
   std::string companyFile = "C:\\Company.qbw";
   std::string ticket = "{ticket-1}";
   std::string failAt;  // the operation that throws
   std::string major = "34";
+  // Requests and subscriptions throw with this text.
+  bool fail = false;
+  std::string failureText = "The request processor failed.";
+  // Whether each request is checked against the schema; off only for documents that are not
+  // qbXML requests by design (what a test sends to see the transport alone).
+  bool validate = true;
   ProcessorAuthPreferences auth;
   qbConnectionType connectionType = unknown;
-  // Answers a request; the default answers a host query and otherwise "Status OK" with nothing.
+  // Answers a request. Without it: the queued responses in order (the last repeats); without those,
+  // a host query's answer, and otherwise an empty response document.
   std::function<std::string(const std::string&)> answer;
+  std::deque<std::string> responses;
 
-  static std::string HostResponse(const std::string& major, const std::string& extra = {}) {
-    return "<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs><HostQueryRs requestID=\"1\" statusCode=\"0\" "
-           "statusSeverity=\"Info\" statusMessage=\"Status OK\"><HostRet><ProductName>QuickBooks Pro</ProductName>"
-           "<MajorVersion>" + major + "</MajorVersion><MinorVersion>0</MinorVersion><Country>US</Country>"
-           "<SupportedQBXMLVersion>12.0</SupportedQBXMLVersion><SupportedQBXMLVersion>13.0"
-           "</SupportedQBXMLVersion>" + extra + "<IsAutomaticLogin>false</IsAutomaticLogin>"
-           "<QBFileMode>SingleUser</QBFileMode></HostRet></HostQueryRs></QBXMLMsgsRs></QBXML>";
-  }
+  static std::string HostResponse(const std::string& major, const std::string& extra = {});
 
   void OpenConnection(const std::string&, const std::string&) override { Step("OpenConnection"); }
   void OpenConnection2(const std::string&, const std::string&, qbConnectionType type) override {
@@ -53,19 +63,8 @@ class ScriptedProcessor : public IRequestProcessor {
     Step("GetCurrentCompanyFileName");
     return companyFile;
   }
-  std::string ProcessRequest(const std::string& t, const std::string& request) override {
-    Step("ProcessRequest");
-    if (t != ticket) throw BrenvaleError(ErrorNumber(1033), "ScriptedProcessor", "bad ticket");
-    requests.push_back(request);
-    if (answer) return answer(request);
-    if (request.find("HostQueryRq") != std::string::npos) return HostResponse(major);
-    return "<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs></QBXMLMsgsRs></QBXML>";
-  }
-  std::string ProcessSubscription(const std::string& request) override {
-    Step("ProcessSubscription");
-    requests.push_back(request);
-    return answer ? answer(request) : std::string("<?xml version=\"1.0\" ?><QBXML/>");
-  }
+  std::string ProcessRequest(const std::string& t, const std::string& request) override;
+  std::string ProcessSubscription(const std::string& request) override;
   void EndSession(const std::string&) override { Step("EndSession"); }
   void CloseConnection() override { Step("CloseConnection"); }
   ProcessorAuthPreferences& AuthPreferences() override { return auth; }
@@ -73,10 +72,9 @@ class ScriptedProcessor : public IRequestProcessor {
   std::string MinorVersion() const override { return "1"; }
 
  private:
-  void Step(const std::string& name) {
-    calls.push_back(name);
-    if (name == failAt) throw BrenvaleError(-2147220472, "QBXMLRP2.RequestProcessor", "Could not start QuickBooks.");
-  }
+  void Step(const std::string& name);
+  std::string Answer(const std::string& request);
+  void Check(const std::string& request) const;
 };
 
 // Registers a ScriptedProcessor under a ProgID for the life of the object; the processor the
@@ -84,16 +82,8 @@ class ScriptedProcessor : public IRequestProcessor {
 class ScriptedRegistration {
  public:
   explicit ScriptedRegistration(std::string progId = "Test.ScriptedProcessor",
-                                std::function<void(ScriptedProcessor&)> setup = {})
-      : progId_(std::move(progId)) {
-    RegisterRequestProcessor(progId_, [this, setup] {
-      auto p = std::make_shared<ScriptedProcessor>();
-      if (setup) setup(*p);
-      last = p;
-      return p;
-    });
-  }
-  ~ScriptedRegistration() { UnregisterRequestProcessor(progId_); }
+                                std::function<void(ScriptedProcessor&)> setup = {});
+  ~ScriptedRegistration();
   const std::string& ProgId() const { return progId_; }
   std::shared_ptr<ScriptedProcessor> last;
 

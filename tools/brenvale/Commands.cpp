@@ -16,6 +16,7 @@
 #include "brenvale/core/Enumerations.hpp"
 #include "brenvale/qbxml/Conversions.hpp"
 #include "brenvale/qbxml/Dom.hpp"
+#include "brenvale/qbxml/ResponseView.hpp"
 #include "brenvale/qbxml/xmlBldr.hpp"
 
 namespace brenvale::tool {
@@ -64,22 +65,22 @@ bool IsBoolText(std::string_view s) {
 // A value a field of that kind can take, or a usage error saying what it expects.
 void CheckValueText(const FieldDef& f, const std::string& value) {
   auto fail = [&](const std::string& expected) {
-    throw UsageError("field " + f.tag + " expects " + expected + ", got '" + value + "'");
+    throw UsageError("field " + std::string(f.tag) + " expects " + expected + ", got '" + value + "'");
   };
   switch (f.kind) {
-    case FieldKind::Bool:
+    case ValueKind::Bool:
       if (!IsBoolText(value)) fail("true or false");
       break;
-    case FieldKind::Int:
+    case ValueKind::Int:
       if (!IsNumberText(value, false)) fail("a whole number");
       break;
-    case FieldKind::Amount:
-    case FieldKind::Price:
-    case FieldKind::Quantity:
+    case ValueKind::Amount:
+    case ValueKind::Price:
+    case ValueKind::Quantity:
       if (!IsNumberText(value, true)) fail("a number");
       break;
-    case FieldKind::Date:
-    case FieldKind::DateTime:
+    case ValueKind::Date:
+    case ValueKind::DateTime:
       if (!value.empty() && !IsDateText(value)) fail("a date (yyyy-mm-dd)");
       break;
     default: break;
@@ -94,18 +95,20 @@ std::vector<ListRecord*> RecordsOf(ListCollectionBase& c) {
 
 // --- kinds -----------------------------------------------------------------------------------
 
-const char* FieldKindName(FieldKind k) {
+const char* FieldKindName(ValueKind k) {
   switch (k) {
-    case FieldKind::Text: return "text";
-    case FieldKind::Bool: return "true/false";
-    case FieldKind::Int: return "whole number";
-    case FieldKind::Amount: return "amount";
-    case FieldKind::Price: return "rate";
-    case FieldKind::Quantity: return "quantity";
-    case FieldKind::Date: return "date";
-    case FieldKind::DateTime: return "date and time";
-    case FieldKind::Ref: return "reference (full name)";
-    case FieldKind::Enum: return "one of a list of values";
+    case ValueKind::Text: return "text";
+    case ValueKind::Bool: return "true/false";
+    case ValueKind::Int: return "whole number";
+    case ValueKind::Amount: return "amount";
+    case ValueKind::Price: return "rate";
+    case ValueKind::Quantity: return "quantity";
+    case ValueKind::Date: return "date";
+    case ValueKind::DateTime: return "date and time";
+    case ValueKind::Ref: return "reference (full name)";
+    case ValueKind::Enum: return "one of a list of values";
+    case ValueKind::Aggregate: return "a group of fields";
+    case ValueKind::Children: return "a list of records";
   }
   return "";
 }
@@ -121,8 +124,8 @@ int RunKinds(const GlobalOptions& g, const std::string& name) {
         std::cout << (first ? "\n  " : ",\n  ") << "{\"kind\": " << JsonString(k.name)
                   << ", \"collection\": " << JsonString(k.plural) << ", \"addFields\": [";
         std::string sep;
-        for (FieldId id : k.schema().AddOrder()) {
-          std::cout << sep << JsonString(k.schema().Field(id).tag);
+        for (FieldId id : k.decl().add) {
+          std::cout << sep << JsonString(k.decl().Field(id).tag);
           sep = ", ";
         }
         std::cout << "]}";
@@ -133,13 +136,13 @@ int RunKinds(const GlobalOptions& g, const std::string& name) {
     }
     std::vector<std::vector<std::string>> rows{{"KIND", "COLLECTION", "FIELDS FOR ADD"}};
     for (const Kind& k : Kinds())
-      rows.push_back({k.name, k.plural, FieldNames(k.schema(), k.schema().AddOrder())});
+      rows.push_back({k.name, k.plural, FieldNames(k.decl(), k.decl().add)});
     PrintTable(std::cout, rows);
     return kExitOk;
   }
   const Kind& kind = RequireKind(name);
-  const RecordSchema& schema = kind.schema();
-  const auto& add = schema.AddOrder();
+  const RecordDecl& schema = kind.decl();
+  const auto& add = schema.add;
   std::vector<std::vector<std::string>> rows{{"FIELD", "TYPE", "ADD"}};
   if (format == Format::Json) std::cout << "[";
   bool first = true;
@@ -152,7 +155,7 @@ int RunKinds(const GlobalOptions& g, const std::string& name) {
                 << ", \"add\": " << (settable ? "true" : "false") << "}";
       first = false;
     } else {
-      rows.push_back({f.tag, FieldKindName(f.kind), settable ? "yes" : ""});
+      rows.push_back({std::string(f.tag), FieldKindName(f.kind), settable ? "yes" : ""});
     }
   }
   if (format == Format::Json)
@@ -229,7 +232,7 @@ struct ListOptions {
 
 int RunList(const GlobalOptions& g, const ListOptions& o) {
   const Kind& kind = RequireKind(o.kind);
-  const RecordSchema& schema = kind.schema();
+  const RecordDecl& schema = kind.decl();
   const std::vector<FieldId> columns = TableColumns(schema, o.fields);
   // The library runs one query per call, so the filters exclude each other.
   std::vector<std::string> chosen;
@@ -285,10 +288,9 @@ void PrintRecordErrors(std::ostream& err, const Kind& kind, ListRecord& record, 
 
 // The `Field=Value` arguments as field ids and texts, checked against the kind's fields `among`
 // and against what the library accepts, before anything is opened.
-std::vector<std::pair<FieldId, std::string>> ParseAssignments(const Kind& kind,
-                                                              const std::vector<FieldId>& among,
+std::vector<std::pair<FieldId, std::string>> ParseAssignments(const Kind& kind, std::span<const FieldId> among,
                                                               const std::vector<std::string>& assignments) {
-  const RecordSchema& schema = kind.schema();
+  const RecordDecl& schema = kind.decl();
   std::vector<std::pair<FieldId, std::string>> values;
   std::shared_ptr<ListRecord> scratch = kind.scratch();
   for (const std::string& a : assignments) {
@@ -300,16 +302,16 @@ std::vector<std::pair<FieldId, std::string>> ParseAssignments(const Kind& kind,
       throw UsageError(kind.name + " has no field '" + field +
                        "' to set; its fields are: " + FieldNames(schema, among));
     for (const auto& [seen, v] : values)
-      if (seen == id) throw UsageError("field " + schema.Field(seen).tag + " is given twice");
+      if (seen == id) throw UsageError("field " + std::string(schema.Field(seen).tag) + " is given twice");
     const FieldDef& f = schema.Field(static_cast<FieldId>(id));
     CheckValueText(f, value);
     // Values the library itself refuses (an unknown enumeration value) fail here, before connecting.
     try {
-      scratch->SetFromText(f.id, value);
+      scratch->SetFromText(static_cast<FieldId>(id), value);
     } catch (const BrenvaleError& e) {
       PrintError(std::cerr, e);
-      std::string message = "field " + f.tag + " cannot take '" + value + "'";
-      if (f.kind == FieldKind::Enum) {
+      std::string message = "field " + std::string(f.tag) + " cannot take '" + value + "'";
+      if (f.kind == ValueKind::Enum) {
         std::string known;
         for (const zkEnumValue& v : EnumCatalogue(f.enumType))
           known += (known.empty() ? "" : ", ") + v.XMLTag();
@@ -317,7 +319,7 @@ std::vector<std::pair<FieldId, std::string>> ParseAssignments(const Kind& kind,
       }
       throw ToolFailure(kExitLibrary, message);
     }
-    values.emplace_back(f.id, value);
+    values.emplace_back(static_cast<FieldId>(id), value);
   }
   return values;
 }
@@ -338,10 +340,10 @@ bool CommitRecord(const Kind& kind, ListCollectionBase& c, ListRecord& record, c
 
 int RunAdd(const GlobalOptions& g, const AddOptions& o) {
   const Kind& kind = RequireKind(o.kind);
-  const RecordSchema& schema = kind.schema();
+  const RecordDecl& schema = kind.decl();
   if (!kind.addNew) throw UsageError(kind.name + " records cannot be added: QuickBooks only reads them");
   const std::vector<FieldId> columns = TableColumns(schema, o.fields);
-  const auto values = ParseAssignments(kind, schema.AddOrder(), o.assignments);
+  const auto values = ParseAssignments(kind, schema.add, o.assignments);
   OpenCompany(g);
   ListCollectionBase& c = kind.master();
   ListRecord& record = kind.addNew();
@@ -362,10 +364,10 @@ struct ModifyOptions {
 
 int RunModify(const GlobalOptions& g, const ModifyOptions& o) {
   const Kind& kind = RequireKind(o.kind);
-  const RecordSchema& schema = kind.schema();
+  const RecordDecl& schema = kind.decl();
   const std::vector<FieldId> columns = TableColumns(schema, o.fields);
   // A kind QuickBooks cannot modify takes its add fields, so that the library answers with its refusal.
-  const std::vector<FieldId>& among = schema.ModOrder().empty() ? schema.AddOrder() : schema.ModOrder();
+  const std::span<const FieldId> among = schema.mod.empty() ? schema.add : schema.mod;
   const auto values = ParseAssignments(kind, among, o.assignments);
   OpenCompany(g);
   ListCollectionBase& c = kind.master();
@@ -401,9 +403,14 @@ int RunDelete(const GlobalOptions& g, const DeleteOptions& o) {
     if (!found) throw ToolFailure(kExitLibrary, "there is no " + kind.name + " named '" + o.name + "'");
     listId = found->ListID();
   }
-  {
+  try {
     Progress progress("deleting a " + kind.name);
     c.Delete(listId);
+  } catch (const BrenvaleError&) {
+    // The library's refusal has no words of its own; QuickBooks' reason is in the collection's errors.
+    for (const zkError& e : c.Errors())
+      std::cerr << "brenvale: " << kind.name << " " << listId << " was not deleted: " << e.Description() << "\n";
+    throw;
   }
   switch (g.OutputFormat()) {
     case Format::Json:
@@ -414,7 +421,7 @@ int RunDelete(const GlobalOptions& g, const DeleteOptions& o) {
       xmlBldr b;
       b.Clear();
       b.OpenAggregateOnly("ListDelRet");
-      b.CreateElement("ListDelType", kind.schema().XmlName());
+      b.CreateElement("ListDelType", kind.decl().xmlName);
       b.CreateElement("ListID", listId);
       b.EndAggregate("ListDelRet");
       std::cout << IndentXml(b.GetXML());
@@ -447,16 +454,12 @@ std::string ReadRequest(const std::string& file) {
 bool ReportFailedResponses(const DomDocument& doc) {
   constexpr int kShown = 10;
   int failed = 0;
-  for (DomNode messages : doc.DocumentElement().Children()) {
-    if (!messages.IsElement()) continue;
-    for (DomNode rs : messages.Children()) {
-      if (!rs.IsElement() || rs.Attribute("statusSeverity").value_or("") != "Error") continue;
-      if (++failed > kShown) continue;
-      std::cerr << "brenvale: " << rs.BaseName();
-      if (auto id = rs.Attribute("requestID")) std::cerr << " (requestID " << *id << ")";
-      std::cerr << ": status " << rs.Attribute("statusCode").value_or("?") << ": "
-                << rs.Attribute("statusMessage").value_or("") << "\n";
-    }
+  for (ResponseView::Response rs : ResponseView(doc)) {
+    if (rs.Severity() != "Error") continue;
+    if (++failed > kShown) continue;
+    std::cerr << "brenvale: " << rs.Name();
+    if (auto id = rs.RequestID()) std::cerr << " (requestID " << *id << ")";
+    std::cerr << ": status " << rs.Node().Attribute("statusCode").value_or("?") << ": " << rs.StatusMessage() << "\n";
   }
   if (failed > kShown)
     std::cerr << "brenvale: ... and " << failed - kShown << " more responses with severity Error\n";

@@ -7,21 +7,21 @@
 
 #include "Tool.hpp"
 #include "brenvale/company/BrenvaleGlobals.hpp"
+#include "brenvale/company/RecordKinds.hpp"
 
 namespace brenvale::tool {
 namespace {
 
-// One kind, from the global accessor of its master collection: the record type is what the
-// collection's Item returns, and a blank record comes from the collection's Add with its defaults.
-template <auto Accessor>
+// One kind, from the global accessor of its master collection: a blank record comes from the
+// collection's Add with its defaults.
+template <auto Accessor, class Record>
 Kind Of(std::string name, std::string plural) {
-  using Collection = std::remove_reference_t<decltype(Accessor())>;
-  using Record = std::remove_reference_t<decltype(std::declval<Collection&>().Item(std::size_t{1}))>;
   ListRecord& (*addNew)() = nullptr;
-  if constexpr (requires { Accessor().Add(); }) addNew = []() -> ListRecord& { return Accessor().Add(); };
+  if constexpr (requires { Accessor().Add(); })
+    if (Record::Declaration().list->addable) addNew = []() -> ListRecord& { return Accessor().Add(); };
   return Kind{std::move(name),
               std::move(plural),
-              &Record::StaticSchema,
+              &Record::Declaration,
               []() -> ListCollectionBase& { return Accessor(); },
               addNew,
               []() -> std::shared_ptr<ListRecord> { return std::make_shared<Record>(); }};
@@ -29,22 +29,9 @@ Kind Of(std::string name, std::string plural) {
 
 std::vector<Kind> Registered() {
   using G = BrenvaleGlobals;
-  std::vector<Kind> kinds = {
-      Of<&G::Classes>("Class", "Classes"),
-      Of<&G::CustomerMessages>("CustomerMessage", "CustomerMessages"),
-      Of<&G::CustomerTypes>("CustomerType", "CustomerTypes"),
-      Of<&G::JobTypes>("JobType", "JobTypes"),
-      Of<&G::PaymentMethods>("PaymentMethod", "PaymentMethods"),
-      Of<&G::PayrollItemNonWages>("PayrollItemNonWage", "PayrollItemNonWages"),
-      Of<&G::PayrollItemWages>("PayrollItemWage", "PayrollItemWages"),
-      Of<&G::SalesReps>("SalesRep", "SalesReps"),
-      Of<&G::SalesTaxCodes>("SalesTaxCode", "SalesTaxCodes"),
-      Of<&G::ShipMethods>("ShipMethod", "ShipMethods"),
-      Of<&G::TaxCodes>("TaxCode", "TaxCodes"),
-      Of<&G::Templates>("Template", "Templates"),
-      Of<&G::ToDoList>("ToDo", "ToDoList"),
-      Of<&G::VendorTypes>("VendorType", "VendorTypes"),
-  };
+#define BRENVALE_TOOL_KIND(Collection, Record) Of<&G::Collection, brenvale::Record>(#Record, #Collection),
+  std::vector<Kind> kinds = {BRENVALE_RECORD_KINDS(BRENVALE_TOOL_KIND)};
+#undef BRENVALE_TOOL_KIND
   std::sort(kinds.begin(), kinds.end(), [](const Kind& a, const Kind& b) { return a.name < b.name; });
   return kinds;
 }
@@ -68,7 +55,7 @@ const std::vector<Kind>& Kinds() {
 const Kind* FindKind(std::string_view name) {
   const std::string wanted = Folded(name);
   for (const Kind& k : Kinds())
-    if (Folded(k.name) == wanted || Folded(k.plural) == wanted || Folded(k.schema().XmlName()) == wanted)
+    if (Folded(k.name) == wanted || Folded(k.plural) == wanted || Folded(k.decl().xmlName) == wanted)
       return &k;
   return nullptr;
 }
@@ -84,21 +71,21 @@ const Kind& RequireKind(std::string_view name) {
   throw UsageError("unknown kind '" + std::string(name) + "'; the kinds are: " + KindNames());
 }
 
-int FindField(const RecordSchema& schema, const std::vector<FieldId>& among, std::string_view name) {
+int FindField(const RecordDecl& decl, std::span<const FieldId> among, std::string_view name) {
   const std::string wanted = Folded(name);
   for (FieldId id : among) {
-    std::string tag = Folded(schema.Field(id).tag);
+    std::string tag = Folded(decl.Field(id).tag);
     if (tag == wanted) return id;
-    if (schema.Field(id).kind == FieldKind::Ref && tag.size() > 3 && tag.ends_with("ref") &&
+    if (decl.Field(id).kind == ValueKind::Ref && tag.size() > 3 && tag.ends_with("ref") &&
         tag.substr(0, tag.size() - 3) == wanted)
       return id;
   }
   return -1;
 }
 
-std::string FieldNames(const RecordSchema& schema, const std::vector<FieldId>& ids) {
+std::string FieldNames(const RecordDecl& decl, std::span<const FieldId> ids) {
   std::string out;
-  for (FieldId id : ids) out += (out.empty() ? "" : ", ") + schema.Field(id).tag;
+  for (FieldId id : ids) out += (out.empty() ? "" : ", ") + std::string(decl.Field(id).tag);
   return out;
 }
 

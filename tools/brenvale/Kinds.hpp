@@ -1,22 +1,21 @@
 #pragma once
-// The list kinds the tool can show, add to and delete from. Each kind is one line of registration
-// in Kinds.cpp; every command serves every registered kind through the generic record and
-// collection machinery.
+// The list kinds the tool can show, add to and delete from: every kind of the library's one list of
+// record kinds. Every command serves every kind through the generic record and collection machinery.
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "brenvale/model/ListCollectionBase.hpp"
 #include "brenvale/model/ListRecord.hpp"
-#include "brenvale/model/RecordSchema.hpp"
 
 namespace brenvale::tool {
 
 struct Kind {
   std::string name;    // "JobType": what the user types (any case, or the plural)
   std::string plural;  // "JobTypes": the collection's name
-  const RecordSchema& (*schema)();
+  const RecordDecl& (*decl)();
   // The master collection of the kind (requires a connection).
   ListCollectionBase& (*master)();
   // A new blank record, filed in the master collection for the next commit; null for a kind
@@ -37,8 +36,8 @@ std::string KindNames();
 
 // The field a user names in `Field=Value` (the qbXML tag in any case; "Parent" for "ParentRef"),
 // among `among` (the fields an add or a modify request writes); -1 when there is none.
-int FindField(const RecordSchema& schema, const std::vector<FieldId>& among, std::string_view name);
+int FindField(const RecordDecl& decl, std::span<const FieldId> among, std::string_view name);
 // "Name, IsActive, ParentRef"
-std::string FieldNames(const RecordSchema& schema, const std::vector<FieldId>& ids);
+std::string FieldNames(const RecordDecl& decl, std::span<const FieldId> ids);
 
 }  // namespace brenvale::tool

@@ -17,23 +17,23 @@ std::string Lower(std::string_view text) {
   return out;
 }
 
-std::string FieldNames(const RecordSchema& schema) {
+std::string FieldNames(const RecordDecl& decl) {
   std::string out;
-  for (FieldId id : KindFields(schema)) out += (out.empty() ? "" : ", ") + schema.Field(id).tag;
+  for (FieldId id : KindFields(decl)) out += (out.empty() ? "" : ", ") + std::string(decl.Field(id).tag);
   return out;
 }
 
 // A field's value as a JSON value: true/false, a number, a string, an object for a reference,
 // null when unset.
-std::string JsonValue(const ListRecord& record, const FieldDef& field) {
-  const FieldValue& v = record.Value(field.id);
+std::string JsonValue(const ListRecord& record, FieldId id) {
+  const FieldValue v = record.Value(id);
   if (std::holds_alternative<std::monostate>(v)) return "null";
   if (auto b = std::get_if<bool>(&v)) return *b ? "true" : "false";
   if (auto i = std::get_if<std::int64_t>(&v)) {
-    if (field.kind == FieldKind::Enum) return JsonString(record.ValueText(field.id));
+    if (record.Decl().Field(id).kind == ValueKind::Enum) return JsonString(record.ValueText(id));
     return std::to_string(*i);
   }
-  if (std::holds_alternative<Currency>(v)) return record.ValueText(field.id);
+  if (std::holds_alternative<Currency>(v)) return record.ValueText(id);
   if (auto d = std::get_if<double>(&v)) return NumberToText(*d);
   if (auto r = std::get_if<zkListObjectRef>(&v)) {
     if (r->IsEmpty()) return "null";
@@ -41,37 +41,37 @@ std::string JsonValue(const ListRecord& record, const FieldDef& field) {
            ", \"FullName\": " + (r->FullName().empty() ? std::string("null") : JsonString(r->FullName())) +
            "}";
   }
-  std::string text = record.ValueText(field.id);
+  std::string text = record.ValueText(id);
   return text.empty() && !std::holds_alternative<std::string>(v) ? "null" : JsonString(text);
 }
 
-void PrintJson(std::ostream& out, const RecordSchema& schema, const std::vector<ListRecord*>& records) {
-  const std::vector<FieldId> fields = KindFields(schema);
+void PrintJson(std::ostream& out, const RecordDecl& decl, const std::vector<ListRecord*>& records) {
+  const std::vector<FieldId> fields = KindFields(decl);
   out << "[";
   for (std::size_t r = 0; r < records.size(); ++r) {
     out << (r ? ",\n  {" : "\n  {");
     for (std::size_t f = 0; f < fields.size(); ++f) {
-      const FieldDef& field = schema.Field(fields[f]);
-      out << (f ? ", " : "") << JsonString(field.tag) << ": " << JsonValue(*records[r], field);
+      out << (f ? ", " : "") << JsonString(decl.Field(fields[f]).tag) << ": " << JsonValue(*records[r], fields[f]);
     }
     out << "}";
   }
   out << (records.empty() ? "]\n" : "\n]\n");
 }
 
-void PrintXml(std::ostream& out, const RecordSchema& schema, const std::vector<ListRecord*>& records) {
-  const std::string ret = schema.XmlName() + "Ret";
+void PrintXml(std::ostream& out, const RecordDecl& decl, const std::vector<ListRecord*>& records) {
+  const std::string name(decl.xmlName);
+  const std::string ret = name + "Ret";
   xmlBldr b;
   b.Clear();
   b.InsertRawXML(
-      "<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs><" + schema.XmlName() +
+      "<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs><" + name +
       "QueryRs requestID=\"1\" statusCode=\"0\" statusSeverity=\"Info\" statusMessage=\"Status OK\">");
   for (ListRecord* record : records) {
     b.OpenAggregateOnly(ret);
     record->XMLQueryRs(b);
     b.EndAggregate(ret);
   }
-  b.InsertRawXML("</" + schema.XmlName() + "QueryRs></QBXMLMsgsRs></QBXML>");
+  b.InsertRawXML("</" + name + "QueryRs></QBXMLMsgsRs></QBXML>");
   out << IndentXml(b.GetXML());
 }
 
@@ -79,34 +79,34 @@ std::size_t Width(std::string_view utf8) { return TextLength(utf8); }
 
 }  // namespace
 
-std::vector<FieldId> KindFields(const RecordSchema& schema) {
+std::vector<FieldId> KindFields(const RecordDecl& decl) {
   std::vector<FieldId> out;
-  const auto& add = schema.AddOrder();
-  const auto& mod = schema.ModOrder();
-  for (const FieldDef& f : schema.Fields()) {
-    bool used = schema.ReadField(f.tag) == f.id || std::find(add.begin(), add.end(), f.id) != add.end() ||
-                std::find(mod.begin(), mod.end(), f.id) != mod.end();
-    if (used) out.push_back(f.id);
+  auto in = [](std::span<const FieldId> order, FieldId id) {
+    return std::find(order.begin(), order.end(), id) != order.end();
+  };
+  for (std::size_t i = 0; i < decl.fields.size(); ++i) {
+    const auto id = static_cast<FieldId>(i);
+    if (in(decl.read, id) || in(decl.add, id) || in(decl.mod, id)) out.push_back(id);
   }
   return out;
 }
 
-std::vector<FieldId> TableColumns(const RecordSchema& schema, const std::vector<std::string>& names) {
-  const std::vector<FieldId> fields = KindFields(schema);
+std::vector<FieldId> TableColumns(const RecordDecl& decl, const std::vector<std::string>& names) {
+  const std::vector<FieldId> fields = KindFields(decl);
   std::vector<FieldId> out;
   if (names.empty()) {
-    const FieldId name = schema.Decl().hierarchical ? FieldId(kFullName) : schema.Decl().nameField;
+    const FieldId name = decl.list->hierarchical ? ListRecord::kFullName : decl.list->nameField;
     auto take = [&](FieldId id) {
       if (std::find(fields.begin(), fields.end(), id) != fields.end() &&
           std::find(out.begin(), out.end(), id) == out.end())
         out.push_back(id);
     };
-    take(kListID);
+    take(ListRecord::kListID);
     take(name);
-    take(kIsActive);
+    take(ListRecord::kIsActive);
     for (FieldId id : fields)
-      if (id >= kFirstCustomField) take(id);
-    take(kTimeModified);
+      if (id >= kListBaseFields.fields.size()) take(id);
+    take(ListRecord::kTimeModified);
     return out;
   }
   for (const std::string& n : names) {
@@ -115,10 +115,10 @@ std::vector<FieldId> TableColumns(const RecordSchema& schema, const std::vector<
       continue;
     }
     auto it = std::find_if(fields.begin(), fields.end(),
-                           [&](FieldId id) { return Lower(schema.Field(id).tag) == Lower(n); });
+                           [&](FieldId id) { return Lower(decl.Field(id).tag) == Lower(n); });
     if (it == fields.end())
-      throw UsageError("unknown field '" + n + "' for " + schema.Label() +
-                       "; its fields are: " + FieldNames(schema));
+      throw UsageError("unknown field '" + n + "' for " + std::string(decl.label) +
+                       "; its fields are: " + FieldNames(decl));
     out.push_back(*it);
   }
   return out;
@@ -141,16 +141,16 @@ void PrintTable(std::ostream& out, const std::vector<std::vector<std::string>>& 
   }
 }
 
-void PrintRecords(std::ostream& out, Format format, const RecordSchema& schema,
+void PrintRecords(std::ostream& out, Format format, const RecordDecl& decl,
                   const std::vector<ListRecord*>& records, const std::vector<FieldId>& columns) {
   switch (format) {
-    case Format::Json: PrintJson(out, schema, records); return;
-    case Format::Xml: PrintXml(out, schema, records); return;
+    case Format::Json: PrintJson(out, decl, records); return;
+    case Format::Xml: PrintXml(out, decl, records); return;
     case Format::Table: break;
   }
   std::vector<std::vector<std::string>> rows;
   rows.emplace_back();
-  for (FieldId id : columns) rows.back().push_back(schema.Field(id).tag);
+  for (FieldId id : columns) rows.back().push_back(std::string(decl.Field(id).tag));
   for (ListRecord* record : records) {
     rows.emplace_back();
     for (FieldId id : columns) rows.back().push_back(record->ValueText(id));

@@ -8,20 +8,19 @@
 
 #include "Tool.hpp"
 #include "brenvale/model/ListRecord.hpp"
-#include "brenvale/model/RecordSchema.hpp"
 
 namespace brenvale::tool {
 
 // The fields a kind reads or writes, in declaration order (the base fields a kind does not use
 // are left out).
-std::vector<FieldId> KindFields(const RecordSchema& schema);
+std::vector<FieldId> KindFields(const RecordDecl& decl);
 // The table's columns: the named fields (any case; "all" for every field of the kind), or, when
 // none are named, ListID, the name, IsActive, the kind's own fields and TimeModified.
 // An unknown name is a usage error that lists the kind's fields.
-std::vector<FieldId> TableColumns(const RecordSchema& schema, const std::vector<std::string>& names);
+std::vector<FieldId> TableColumns(const RecordDecl& decl, const std::vector<std::string>& names);
 
 // Prints records of one kind. The table shows `columns`; JSON and qbXML carry every field.
-void PrintRecords(std::ostream& out, Format format, const RecordSchema& schema,
+void PrintRecords(std::ostream& out, Format format, const RecordDecl& decl,
                   const std::vector<ListRecord*>& records, const std::vector<FieldId>& columns);
 
 // A text table: the first row is the header; columns padded to their widest cell.

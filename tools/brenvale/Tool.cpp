@@ -102,16 +102,21 @@ Format GlobalOptions::OutputFormat() const {
   return Format::Table;
 }
 
-std::string ErrorNumberText(std::int32_t number) {
+std::string ErrorNumberText(std::int32_t number, bool libraryCode) {
   const auto bits = static_cast<std::uint32_t>(number);
-  if ((bits & 0xFFFF0000u) != 0x80040000u) return std::to_string(number);
   char hex[16];
   std::snprintf(hex, sizeof hex, "0x%08X", bits);
+  if ((bits & 0xFFFF0000u) != 0x80040000u) return libraryCode ? std::to_string(number) : std::string(hex);
+  if (!libraryCode) return hex;
   return std::to_string(bits - 0x80040000u) + " (" + hex + ")";
 }
 
 void PrintError(std::ostream& err, const BrenvaleError& e) {
-  std::string library = "error " + ErrorNumberText(e.Number()) + ": " + e.Description();
+  // A processor's own number is shown as it is: it may fall among the library's codes (QuickBooks'
+  // 0x80040403) without being one of them.
+  const bool platform = (static_cast<std::uint32_t>(e.Number()) & 0xFFFF0000u) != 0x80040000u;
+  std::string library =
+      "error " + ErrorNumberText(e.Number(), e.IsLibraryCode() || platform) + ": " + e.Description();
   if (!e.Source().empty()) library += " [" + e.Source() + "]";
   // The library reports every failed exchange under one number and text; the processor's own
   // reason is what a person needs first.

@@ -53,8 +53,10 @@ class CompanyError : public BrenvaleError {
   std::string company_;
 };
 
-// "1013 (0x800403F5)" for a library code, the plain number for an error of the platform.
-std::string ErrorNumberText(std::int32_t number);
+// "1013 (0x800403F5)" for a library code, the plain number for an error of the platform, and the
+// number in hexadecimal for a processor's own error ("0x80040403": its number may fall among the
+// library's codes, but it is not one of them).
+std::string ErrorNumberText(std::int32_t number, bool libraryCode = true);
 // "brenvale: error 1013 (0x800403F5): Name cannot exceed 31 characters [JobType]"
 // When the error is the library's report of a failed exchange, the processor's own words follow.
 void PrintError(std::ostream& err, const BrenvaleError& e);

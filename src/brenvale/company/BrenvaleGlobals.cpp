@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "brenvale/core/BrenvaleError.hpp"
+#include "brenvale/core/ThreadState.hpp"
 #include "brenvale/qbxml/Session.hpp"
 
 namespace brenvale {
@@ -13,11 +14,6 @@ namespace {
 Integer Narrow16(Long code) {
   if (code < -32768 || code > 32767) platform::Raise(platform::kOverflow, "Brenvale");
   return static_cast<Integer>(code);
-}
-
-std::unique_ptr<brenvale::QBConnection>& ConnectionSlot() {
-  thread_local std::unique_ptr<brenvale::QBConnection> connection;
-  return connection;
 }
 
 }  // namespace
@@ -35,9 +31,9 @@ std::string BrenvaleGlobals::EXMLStr(Long Code, zqEnumerationType Enumeration) {
 }
 
 brenvale::QBConnection& BrenvaleGlobals::QBConnection() {
-  auto& slot = ConnectionSlot();
-  if (!slot) slot = std::make_unique<brenvale::QBConnection>();
-  return *slot;
+  // The connection is the top of the thread's library state: it goes first, and ends its session
+  // while the session's values are still there.
+  return detail::ThreadState::Current().Get<brenvale::QBConnection>(detail::StateSlot::Connection);
 }
 
 Long BrenvaleGlobals::QBConnect(const std::string& AppID, const std::string& AppName,
@@ -45,11 +41,11 @@ Long BrenvaleGlobals::QBConnect(const std::string& AppID, const std::string& App
   return QBConnection().Connect(AppID, AppName, ConnectionType, QBWFilePath);
 }
 
-brenvale::Company& BrenvaleGlobals::Company() { return TheCompany(); }
+MasterCollections& BrenvaleGlobals::Company() { return TheMasterCollections(); }
 
-brenvale::Company& BrenvaleGlobals::ConnectedCompany() {
+MasterCollections& BrenvaleGlobals::ConnectedCollections() {
   if (CurrentSession().ticket.empty()) Raise(1000, "Brenvale");
-  return TheCompany();
+  return TheMasterCollections();
 }
 
 std::string BrenvaleGlobals::GetDataPath() {
@@ -72,25 +68,9 @@ std::string BrenvaleGlobals::GetDataPath() {
   return {};
 }
 
-brenvale::JobTypes& BrenvaleGlobals::JobTypes() { return ConnectedCompany().JobTypes(); }
-brenvale::VendorTypes& BrenvaleGlobals::VendorTypes() { return ConnectedCompany().VendorTypes(); }
-brenvale::Classes& BrenvaleGlobals::Classes() { return ConnectedCompany().Classes(); }
-brenvale::CustomerTypes& BrenvaleGlobals::CustomerTypes() { return ConnectedCompany().CustomerTypes(); }
-brenvale::ShipMethods& BrenvaleGlobals::ShipMethods() { return ConnectedCompany().ShipMethods(); }
-brenvale::PaymentMethods& BrenvaleGlobals::PaymentMethods() { return ConnectedCompany().PaymentMethods(); }
-brenvale::CustomerMessages& BrenvaleGlobals::CustomerMessages() {
-  return ConnectedCompany().CustomerMessages();
-}
-brenvale::SalesTaxCodes& BrenvaleGlobals::SalesTaxCodes() { return ConnectedCompany().SalesTaxCodes(); }
-brenvale::TaxCodes& BrenvaleGlobals::TaxCodes() { return ConnectedCompany().TaxCodes(); }
-brenvale::SalesReps& BrenvaleGlobals::SalesReps() { return ConnectedCompany().SalesReps(); }
-brenvale::ToDoList& BrenvaleGlobals::ToDoList() { return ConnectedCompany().ToDoList(); }
-brenvale::PayrollItemWages& BrenvaleGlobals::PayrollItemWages() {
-  return ConnectedCompany().PayrollItemWages();
-}
-brenvale::PayrollItemNonWages& BrenvaleGlobals::PayrollItemNonWages() {
-  return ConnectedCompany().PayrollItemNonWages();
-}
-brenvale::Templates& BrenvaleGlobals::Templates() { return ConnectedCompany().Templates(); }
+#define BRENVALE_GLOBAL_ACCESSOR(Collection, Record) \
+  brenvale::Collection& BrenvaleGlobals::Collection() { return ConnectedCollections().Collection(); }
+BRENVALE_RECORD_KINDS(BRENVALE_GLOBAL_ACCESSOR)
+#undef BRENVALE_GLOBAL_ACCESSOR
 
 }  // namespace brenvale

@@ -1,10 +1,10 @@
 #pragma once
 // The library's global object: its members read like free functions of the library
 // (BrenvaleGlobals::QBConnect(...), BrenvaleGlobals::JobTypes()). It holds no state of its own;
-// everything it returns lives in this thread's library-wide objects, created on first use.
+// everything it returns lives in this thread's library state, created on first use.
 #include <string>
 
-#include "brenvale/company/Company.hpp"
+#include "brenvale/company/MasterCollections.hpp"
 #include "brenvale/connection/QBConnection.hpp"
 #include "brenvale/core/Date.hpp"
 #include "brenvale/core/Enumerations.hpp"
@@ -27,28 +27,19 @@ class BrenvaleGlobals {
   // Creates the library-wide connection when there is none, then connects it.
   static Long QBConnect(const std::string& AppID, const std::string& AppName, qbEnumFileOpenMode ConnectionType,
                         const std::string& QBWFilePath = {});
-  static brenvale::Company& Company();
+  // The holder of the master collections. (Once the company record arrives, this answers it, and
+  // it offers the same collection accessors.)
+  static MasterCollections& Company();
   // The machine-wide application data folder, or empty.
   static std::string GetDataPath();
 
-  // Collection accessors: the company object's master collections; 1000 before a connection.
-  static brenvale::JobTypes& JobTypes();
-  static brenvale::VendorTypes& VendorTypes();
-  static brenvale::Classes& Classes();
-  static brenvale::CustomerTypes& CustomerTypes();
-  static brenvale::ShipMethods& ShipMethods();
-  static brenvale::PaymentMethods& PaymentMethods();
-  static brenvale::CustomerMessages& CustomerMessages();
-  static brenvale::SalesTaxCodes& SalesTaxCodes();
-  static brenvale::TaxCodes& TaxCodes();
-  static brenvale::SalesReps& SalesReps();
-  static brenvale::ToDoList& ToDoList();
-  static brenvale::PayrollItemWages& PayrollItemWages();
-  static brenvale::PayrollItemNonWages& PayrollItemNonWages();
-  static brenvale::Templates& Templates();
+  // Collection accessors: the master collections; 1000 before a connection.
+#define BRENVALE_GLOBAL_ACCESSOR(Collection, Record) static brenvale::Collection& Collection();
+  BRENVALE_RECORD_KINDS(BRENVALE_GLOBAL_ACCESSOR)
+#undef BRENVALE_GLOBAL_ACCESSOR
 
  private:
-  static brenvale::Company& ConnectedCompany();
+  static MasterCollections& ConnectedCollections();
 };
 
 }  // namespace brenvale

@@ -4,6 +4,7 @@
 #include "brenvale/core/ProcessorRegistry.hpp"
 #include "brenvale/core/TraceHook.hpp"
 #include "brenvale/qbxml/Conversions.hpp"
+#include "brenvale/qbxml/ResponseView.hpp"
 #include "brenvale/qbxml/Session.hpp"
 #include "brenvale/qbxml/xmlBldr.hpp"
 
@@ -123,8 +124,7 @@ void QBConnection::RunHostQuery() {
   b.OpenAggregate("HostQueryRq", "requestID", "1");
   b.EndAggregate("HostQueryRq");
   DomDocument doc = b.NewSendRequest();
-  DomNode rs = doc.DocumentElement().ChildNamed("QBXMLMsgsRs").ChildNamed("HostQueryRs");
-  DomNode ret = rs.ChildNamed("HostRet");
+  const DomNode ret = ResponseView(doc).First().FirstRet();
   bool versionsListed = false;
   for (DomNode c : ret.Children()) {
     if (!c.IsElement()) continue;
@@ -141,6 +141,7 @@ void QBConnection::RunHostQuery() {
       supportedVersions_.push_back(c.Text());
     } else if (name == "Country") {
       country_ = c.Text();
+      CurrentSession().country = country_;
     } else if (name == "IsAutomaticLogin") {
       isAutomaticLogin_ = TextToBool(c.Text());
     } else if (name == "QBFileMode") {
@@ -201,6 +202,7 @@ void QBConnection::CloseConnection() {
   s.ticket.clear();
   s.connectionOpen = false;
   s.isOnline = false;
+  s.country.clear();
   s.qbxmlVersion.clear();
   s.qbXMLVersionNumber = Currency();
   ResetHostFacts();

@@ -151,9 +151,15 @@ std::string_view ErrorMessage(int code) {
   return it == kMessages.end() ? std::string_view{} : it->second;
 }
 
+BrenvaleError BrenvaleError::OfCode(int code, std::string source, std::string description) {
+  BrenvaleError e(ErrorNumber(code), std::move(source), std::move(description));
+  e.libraryCode_ = true;
+  return e;
+}
+
 void Raise(int code, std::string_view source, std::string_view description) {
   std::string text(description.empty() ? ErrorMessage(code) : description);
-  throw BrenvaleError(ErrorNumber(code), std::string(source), std::move(text));
+  throw BrenvaleError::OfCode(code, std::string(source), std::move(text));
 }
 
 namespace platform {

@@ -24,8 +24,14 @@ class BrenvaleError : public std::runtime_error {
   const std::string& Description() const { return description_; }
   // The library code (Number minus the base), or the plain number for errors of the platform.
   int Code() const;
+  // True when the library raised the error with one of its own codes. A request processor's error
+  // may carry a number in the same range (QuickBooks' 0x80040403) that means something else.
+  bool IsLibraryCode() const { return libraryCode_; }
+  // An error with a library code, as Raise makes it.
+  static BrenvaleError OfCode(int code, std::string source, std::string description);
 
  private:
+  bool libraryCode_ = false;
   std::int32_t number_;
   std::string source_;
   std::string description_;

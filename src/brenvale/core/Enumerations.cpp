@@ -1,8 +1,10 @@
 #include "brenvale/core/Enumerations.hpp"
 
+#include <charconv>
 #include <limits>
 
 #include "brenvale/core/BrenvaleError.hpp"
+#include "brenvale/core/ThreadState.hpp"
 
 namespace brenvale {
 
@@ -54,23 +56,38 @@ Integer ZKEnum::CodeOf(std::string_view text, bool byKey) const {
   Raise(1008, "Brenvale");
 }
 
+std::optional<Integer> ZKEnum::CodeOfText(std::string_view text) const {
+  for (const auto& v : values_)
+    if (v.XMLTag() == text) return v.Code();
+  const std::string key = NormaliseEnumKey(text);
+  for (const auto& v : values_)
+    if (v.CollectionKey() == key) return v.Code();
+  return std::nullopt;
+}
+
 void Enumerations::AddObject(std::shared_ptr<ZKEnum> catalogue, std::string_view key) {
+  const ZKEnum* filed = catalogue.get();
   catalogues_.Add(std::move(catalogue), key);
+  // A catalogue filed under its enumeration's code is also found by position, without text keys.
+  std::size_t index = 0;
+  auto [end, ec] = std::from_chars(key.data(), key.data() + key.size(), index);
+  if (ec == std::errc() && end == key.data() + key.size() && index < byType_.size()) byType_[index] = filed;
 }
 
 const ZKEnum& Enumerations::Item(zqEnumerationType type) const {
+  const auto index = static_cast<std::size_t>(type);
+  if (index < byType_.size() && byType_[index]) return *byType_[index];
   const auto* c = catalogues_.Find(std::to_string(static_cast<int>(type)));
   if (!c) Raise(1007, "Brenvale");
   return **c;
 }
 
 Enumerations& TheEnumerations() {
-  thread_local std::unique_ptr<Enumerations> instance;
-  if (!instance) {
-    instance = std::make_unique<Enumerations>();
-    detail::BuildCatalogues(*instance);
-  }
-  return *instance;
+  struct Built {
+    Enumerations catalogues;
+    Built() { detail::BuildCatalogues(catalogues); }
+  };
+  return detail::ThreadState::Current().Get<Built>(detail::StateSlot::Enumerations).catalogues;
 }
 
 const ZKEnum& EnumCatalogue(zqEnumerationType type) { return TheEnumerations().Item(type); }

@@ -1,8 +1,10 @@
 #pragma once
 // Run-time enumeration catalogues: each public enumeration exists as a list of values with a code,
 // a description in words and the text that stands for it in qbXML.
+#include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -75,6 +77,10 @@ class ZKEnum {
   // qbXML text to code: the first value whose XMLTag equals `text` (or, with byKey, whose
   // CollectionKey does); 1008 when none does.
   Integer CodeOf(std::string_view text, bool byKey = false) const;
+  // The code of a text read from a response: the value whose XMLTag is the text, else the one whose
+  // CollectionKey is the text without its blanks ("Salary Regular" finds "SalaryRegular"); nothing
+  // when neither is there.
+  std::optional<Integer> CodeOfText(std::string_view text) const;
   // Code to qbXML text (1007 for an unknown code).
   const std::string& XMLTagOf(Integer code) const { return ItemByCode(code).XMLTag(); }
 
@@ -94,6 +100,7 @@ class Enumerations {
 
  private:
   KeyedList<std::shared_ptr<ZKEnum>> catalogues_;
+  std::array<const ZKEnum*, kEnumerationTypeCount + 1> byType_{};
 };
 
 // The library-wide catalogue of this thread, built in full on first use.

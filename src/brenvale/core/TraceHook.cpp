@@ -2,26 +2,33 @@
 
 #include <string>
 
+#include "brenvale/core/ThreadState.hpp"
+
 namespace brenvale {
 namespace {
-thread_local TraceObserver tObserver;
+TraceObserver& Observer() {
+  return detail::ThreadState::Current().Get<TraceObserver>(detail::StateSlot::TraceObserver);
 }
+}  // namespace
 
 TraceObserver SetTraceObserver(TraceObserver observer) {
-  std::swap(observer, tObserver);
+  std::swap(observer, Observer());
   return observer;
 }
 
 namespace detail {
+bool TraceObserved() { return static_cast<bool>(Observer()); }
+
 void Trace(std::string_view source, std::string_view text) {
-  if (tObserver) tObserver(source, text);
+  if (const TraceObserver& observer = Observer()) observer(source, text);
 }
 
 void TraceUnknownField(std::string_view source, std::string_view elementName) {
-  if (!tObserver) return;
+  const TraceObserver& observer = Observer();
+  if (!observer) return;
   std::string text = "Unknown Field: ";
   text += elementName;
-  tObserver(source, text);
+  observer(source, text);
 }
 }  // namespace detail
 

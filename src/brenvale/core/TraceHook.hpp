@@ -13,6 +13,8 @@ using TraceObserver = std::function<void(std::string_view source, std::string_vi
 TraceObserver SetTraceObserver(TraceObserver observer);
 
 namespace detail {
+// Whether an observer is installed on this thread (readers skip building texts nobody sees).
+bool TraceObserved();
 void Trace(std::string_view source, std::string_view text);
 // "Unknown Field: " + name, to the trace hook.
 void TraceUnknownField(std::string_view source, std::string_view elementName);

@@ -1,15 +1,13 @@
 #include "brenvale/lists/Class.hpp"
 
-#include "brenvale/lists/detail/SimpleListSchemas.hpp"
+#include "brenvale/lists/detail/SimpleLists.hpp"
 
 namespace brenvale {
+namespace {
+constexpr ListFacts kFacts{.listType = zqListTypeClass, .hierarchical = true, .key = ListKey::FullName};
+constexpr RecordDecl kDecl = detail::HierarchicalList("Class", zqObjectTypeClass, kFacts);
+}  // namespace
 
-const RecordSchema& Class::StaticSchema() {
-  static const RecordSchema schema(
-      detail::HierarchicalSimpleList("Class", zqObjectTypeClass, zqListTypeClass));
-  return schema;
-}
-
-Class::Class() : HierarchicalRecord(StaticSchema()) {}
+const RecordDecl& Class::Declaration() { return kDecl; }
 
 }  // namespace brenvale

@@ -1,13 +1,13 @@
 #pragma once
-// A class: a hierarchical list of the classes a company tracks income and expenses by.
-#include "brenvale/model/HierarchicalRecord.hpp"
+// A class: a hierarchical list of the classes transactions are tracked by.
+#include "brenvale/model/ListRecord.hpp"
 
 namespace brenvale {
 
 class Class : public HierarchicalRecord {
  public:
-  Class();
-  static const RecordSchema& StaticSchema();
+  Class() : HierarchicalRecord(Declaration()) {}
+  static const RecordDecl& Declaration();
 };
 
 }  // namespace brenvale

@@ -1,22 +1,19 @@
 #include "brenvale/lists/CustomerMessage.hpp"
 
-#include "brenvale/lists/detail/SimpleListSchemas.hpp"
+#include "brenvale/lists/detail/SimpleLists.hpp"
 
 namespace brenvale {
+namespace {
+using detail::kBaseOnly;
 
-const RecordSchema& CustomerMessage::StaticSchema() {
-  static const RecordSchema schema([] {
-    SchemaSpec s = detail::FlatSimpleList("CustomerMessage", "CustomerMsg", zqObjectTypeCustomerMsg,
-                                          zqListTypeCustomerMsg, "Modify not allowed");
-    s.collectionLabel = "CustomerMsg";
-    // A message may be longer than other names.
-    s.rules = {{RuleKind::NotEmpty, "Name", 0, 1012, "Name"},
-               {RuleKind::MaxLength, "Name", 101, 2400, "Name"}};
-    return s;
-  }());
-  return schema;
-}
+// A message may be longer than other names.
+constexpr Rule kRules[] = {kBaseOnly.NotEmpty(ListBase::Name, 1012, "Name"),
+                           kBaseOnly.MaxLength(ListBase::Name, 101, 2400, "Name")};
+constexpr ListFacts kFacts{.listType = zqListTypeCustomerMsg, .collectionLabel = "CustomerMsg"};
+constexpr RecordDecl kDecl =
+    detail::FlatList("CustomerMessage", "CustomerMsg", zqObjectTypeCustomerMsg, kRules, kFacts);
+}  // namespace
 
-CustomerMessage::CustomerMessage() : ListRecord(StaticSchema()) {}
+const RecordDecl& CustomerMessage::Declaration() { return kDecl; }
 
 }  // namespace brenvale

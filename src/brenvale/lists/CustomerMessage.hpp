@@ -7,8 +7,8 @@ namespace brenvale {
 
 class CustomerMessage : public ListRecord {
  public:
-  CustomerMessage();
-  static const RecordSchema& StaticSchema();
+  CustomerMessage() : ListRecord(Declaration()) {}
+  static const RecordDecl& Declaration();
 };
 
 }  // namespace brenvale

@@ -1,15 +1,13 @@
 #include "brenvale/lists/CustomerType.hpp"
 
-#include "brenvale/lists/detail/SimpleListSchemas.hpp"
+#include "brenvale/lists/detail/SimpleLists.hpp"
 
 namespace brenvale {
+namespace {
+constexpr ListFacts kFacts{.listType = zqListTypeCustomerType, .hierarchical = true, .key = ListKey::FullName};
+constexpr RecordDecl kDecl = detail::HierarchicalList("CustomerType", zqObjectTypeCustomerType, kFacts);
+}  // namespace
 
-const RecordSchema& CustomerType::StaticSchema() {
-  static const RecordSchema schema(
-      detail::HierarchicalSimpleList("CustomerType", zqObjectTypeCustomerType, zqListTypeCustomerType));
-  return schema;
-}
-
-CustomerType::CustomerType() : HierarchicalRecord(StaticSchema()) {}
+const RecordDecl& CustomerType::Declaration() { return kDecl; }
 
 }  // namespace brenvale

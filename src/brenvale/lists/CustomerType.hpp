@@ -1,13 +1,13 @@
 #pragma once
-// A customer type: a hierarchical list of the kinds of customers a company sells to.
-#include "brenvale/model/HierarchicalRecord.hpp"
+// A customer type: a hierarchical list of the kinds of customers.
+#include "brenvale/model/ListRecord.hpp"
 
 namespace brenvale {
 
 class CustomerType : public HierarchicalRecord {
  public:
-  CustomerType();
-  static const RecordSchema& StaticSchema();
+  CustomerType() : HierarchicalRecord(Declaration()) {}
+  static const RecordDecl& Declaration();
 };
 
 }  // namespace brenvale

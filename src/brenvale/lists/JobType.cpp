@@ -1,14 +1,13 @@
 #include "brenvale/lists/JobType.hpp"
 
-#include "brenvale/lists/detail/SimpleListSchemas.hpp"
+#include "brenvale/lists/detail/SimpleLists.hpp"
 
 namespace brenvale {
+namespace {
+constexpr ListFacts kFacts{.listType = zqListTypeJobType, .hierarchical = true, .key = ListKey::FullName};
+constexpr RecordDecl kDecl = detail::HierarchicalList("JobType", zqObjectTypeJobType, kFacts);
+}  // namespace
 
-const RecordSchema& JobType::StaticSchema() {
-  static const RecordSchema schema(detail::HierarchicalSimpleList("JobType", zqObjectTypeJobType, zqListTypeJobType));
-  return schema;
-}
-
-JobType::JobType() : HierarchicalRecord(StaticSchema()) {}
+const RecordDecl& JobType::Declaration() { return kDecl; }
 
 }  // namespace brenvale

@@ -1,6 +1,6 @@
 #pragma once
 #include "brenvale/lists/JobType.hpp"
-#include "brenvale/model/HierarchicalCollection.hpp"
+#include "brenvale/model/ListCollection.hpp"
 
 namespace brenvale {
 

@@ -1,16 +1,14 @@
 #include "brenvale/lists/PaymentMethod.hpp"
 
-#include "brenvale/lists/detail/SimpleListSchemas.hpp"
+#include "brenvale/lists/detail/SimpleLists.hpp"
 
 namespace brenvale {
+namespace {
+constexpr ListFacts kFacts{.listType = zqListTypePaymentMethod};
+constexpr RecordDecl kDecl =
+    detail::FlatList("PaymentMethod", "PaymentMethod", zqObjectTypePaymentMethod, detail::kNameRules, kFacts);
+}  // namespace
 
-const RecordSchema& PaymentMethod::StaticSchema() {
-  static const RecordSchema schema(detail::FlatSimpleList("PaymentMethod", "PaymentMethod",
-                                                          zqObjectTypePaymentMethod, zqListTypePaymentMethod,
-                                                          "Modify not allowed"));
-  return schema;
-}
-
-PaymentMethod::PaymentMethod() : ListRecord(StaticSchema()) {}
+const RecordDecl& PaymentMethod::Declaration() { return kDecl; }
 
 }  // namespace brenvale

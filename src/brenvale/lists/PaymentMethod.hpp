@@ -1,13 +1,13 @@
 #pragma once
-// A payment method: a way customers pay ("Cash", "Check", "Visa").
+// A payment method: a way customers pay (cash, check, a card).
 #include "brenvale/model/ListRecord.hpp"
 
 namespace brenvale {
 
 class PaymentMethod : public ListRecord {
  public:
-  PaymentMethod();
-  static const RecordSchema& StaticSchema();
+  PaymentMethod() : ListRecord(Declaration()) {}
+  static const RecordDecl& Declaration();
 };
 
 }  // namespace brenvale

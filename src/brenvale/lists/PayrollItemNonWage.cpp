@@ -2,44 +2,29 @@
 
 namespace brenvale {
 namespace {
-enum : FieldId { kNonWageType = kFirstCustomField, kExpenseAccountRef, kLiabilityAccountRef };
+struct F {
+  static constexpr FieldDef NonWageType = field::Enum("NonWageType", zqePayrollItemNonWage);
+  static constexpr FieldDef ExpenseAccountRef = field::Ref("ExpenseAccountRef", zqListTypeAccount);
+  static constexpr FieldDef LiabilityAccountRef = field::Ref("LiabilityAccountRef", zqListTypeAccount);
+};
+constexpr auto kFields = ListFields(F::NonWageType, F::ExpenseAccountRef, F::LiabilityAccountRef);
+constexpr auto kRead = ListRead(kFields, F::NonWageType, F::ExpenseAccountRef, F::LiabilityAccountRef);
+constexpr ListFacts kFacts{.listType = zqListTypePayrollItemNonWage, .addable = false};
+constexpr RecordDecl kDecl{.label = "PayrollItemWage",
+                           .xmlName = "PayrollItemNonWage",
+                           .objectType = zqObjectTypePayrollItemNonWage,
+                           .fields = kFields.fields,
+                           .read = kRead,
+                           .modRefusal = "XMLModify not allowed",
+                           .list = &kFacts};
 }  // namespace
 
-const RecordSchema& PayrollItemNonWage::StaticSchema() {
-  static const RecordSchema schema([] {
-    SchemaSpec s;
-    s.label = "PayrollItemWage";
-    s.xmlName = "PayrollItemNonWage";
-    s.objectType = zqObjectTypePayrollItemNonWage;
-    s.listType = zqListTypePayrollItemNonWage;
-    s.fields = {{kNonWageType, "NonWageType", FieldKind::Enum, {}, false, zqePayrollItemNonWage},
-                {kExpenseAccountRef,
-                 "ExpenseAccountRef",
-                 FieldKind::Ref,
-                 {},
-                 false,
-                 zqeObjectState,
-                 zqListTypeAccount},
-                {kLiabilityAccountRef,
-                 "LiabilityAccountRef",
-                 FieldKind::Ref,
-                 {},
-                 false,
-                 zqeObjectState,
-                 zqListTypeAccount}};
-    s.read = {"NonWageType", "ExpenseAccountRef", "LiabilityAccountRef"};
-    s.modRefusal = "XMLModify not allowed";
-    return s;
-  }());
-  return schema;
-}
-
-PayrollItemNonWage::PayrollItemNonWage() : ListRecord(StaticSchema()) {}
+const RecordDecl& PayrollItemNonWage::Declaration() { return kDecl; }
 
 qbEnumPayrollItemNonWageType PayrollItemNonWage::NonWageType() const {
-  return static_cast<qbEnumPayrollItemNonWageType>(Int(kNonWageType));
+  return static_cast<qbEnumPayrollItemNonWageType>(EnumCode(kFields.Id(F::NonWageType)));
 }
-const zkListObjectRef& PayrollItemNonWage::ExpenseAccountRef() const { return Ref(kExpenseAccountRef); }
-const zkListObjectRef& PayrollItemNonWage::LiabilityAccountRef() const { return Ref(kLiabilityAccountRef); }
+zkListObjectRef PayrollItemNonWage::ExpenseAccountRef() const { return Ref(kFields.Id(F::ExpenseAccountRef)); }
+zkListObjectRef PayrollItemNonWage::LiabilityAccountRef() const { return Ref(kFields.Id(F::LiabilityAccountRef)); }
 
 }  // namespace brenvale

@@ -9,13 +9,13 @@ namespace brenvale {
 
 class PayrollItemNonWage : public ListRecord {
  public:
-  PayrollItemNonWage();
-  static const RecordSchema& StaticSchema();
+  PayrollItemNonWage() : ListRecord(Declaration()) {}
+  static const RecordDecl& Declaration();
 
   // 0 while unset.
   qbEnumPayrollItemNonWageType NonWageType() const;
-  const zkListObjectRef& ExpenseAccountRef() const;
-  const zkListObjectRef& LiabilityAccountRef() const;
+  zkListObjectRef ExpenseAccountRef() const;
+  zkListObjectRef LiabilityAccountRef() const;
 };
 
 }  // namespace brenvale

@@ -1,4 +1,6 @@
 #pragma once
+#include <string_view>
+
 #include "brenvale/lists/PayrollItemWage.hpp"
 #include "brenvale/model/ListCollection.hpp"
 
@@ -9,13 +11,13 @@ class PayrollItemWages : public ListCollection<PayrollItemWage> {
   using ListCollection::ListCollection;
 
   // A WageType of 0 leaves the wage type unset.
-  PayrollItemWage& Add(std::string Name = {}, bool IsActive = true,
-                       qbEnumWageType WageType = qbEnumWageType{}, std::string ExpenseAccountFullName = {}) {
+  PayrollItemWage& Add(std::string_view Name = {}, bool IsActive = true, qbEnumWageType WageType = qbEnumWageType{},
+                       std::string_view ExpenseAccountFullName = {}) {
     auto record = std::make_shared<PayrollItemWage>();
-    record->Name(std::move(Name));
+    record->Name(Name);
     record->IsActive(IsActive);
     if (WageType != qbEnumWageType{}) record->WageType(WageType);
-    if (!ExpenseAccountFullName.empty()) record->ExpenseAccountRef(std::move(ExpenseAccountFullName));
+    if (!ExpenseAccountFullName.empty()) record->ExpenseAccountRef(ExpenseAccountFullName);
     return AddNew(std::move(record));
   }
 };

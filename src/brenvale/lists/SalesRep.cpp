@@ -1,62 +1,41 @@
 #include "brenvale/lists/SalesRep.hpp"
 
-#include "brenvale/core/BrenvaleError.hpp"
-#include "brenvale/lists/detail/ListLookup.hpp"
-
 namespace brenvale {
 namespace {
-enum : FieldId { kInitial = kFirstCustomField, kSalesRepEntityRef };
-constexpr const char* kEntityLabel = "SalesRepEntity";
+struct F {
+  static constexpr FieldDef Initial = field::Text("Initial");
+  static constexpr FieldDef SalesRepEntityRef = field::Ref("SalesRepEntityRef", zqListTypeEntity);
+};
+constexpr auto kFields = ListFields(F::Initial, F::SalesRepEntityRef);
+constexpr auto kAdd = kFields.Order(F::Initial, ListBase::IsActive, F::SalesRepEntityRef);
+constexpr auto kRead = ListRead(kFields, F::Initial, F::SalesRepEntityRef);
+// The entity must be one QuickBooks knows (2204), and an employee, a vendor or an other name (2203).
+constexpr std::string_view kEntityKinds[] = {"EmployeeRet", "VendorRet", "OtherNameRet"};
+constexpr Rule kRules[] = {
+    kFields.MaxLength(F::Initial, 5, 2200, "Initial"),
+    kFields.NotEmpty(F::SalesRepEntityRef, 2202, "SalesRepEntity"),
+    kFields.MaxLength(F::SalesRepEntityRef, 31, 2201, "SalesRepEntity:FullName"),
+    kFields.Exists(F::SalesRepEntityRef, 2204, "SalesRepEntity").OfKinds(kEntityKinds, 2203),
+};
+constexpr ListFacts kFacts{.listType = zqListTypeSalesRep, .nameField = kFields.Id(F::Initial)};
+constexpr RecordDecl kDecl{.label = "SalesRep",
+                           .xmlName = "SalesRep",
+                           .objectType = zqObjectTypeSalesRep,
+                           .fields = kFields.fields,
+                           .add = kAdd,
+                           .read = kRead,
+                           .rules = kRules,
+                           .modRefusal = "XMLModify not supported",
+                           .list = &kFacts};
 }  // namespace
 
-const RecordSchema& SalesRep::StaticSchema() {
-  static const RecordSchema schema([] {
-    SchemaSpec s;
-    s.label = "SalesRep";
-    s.xmlName = "SalesRep";
-    s.objectType = zqObjectTypeSalesRep;
-    s.listType = zqListTypeSalesRep;
-    s.readsName = false;
-    s.nameField = kInitial;
-    s.fields = {{kInitial, "Initial", FieldKind::Text},
-                {kSalesRepEntityRef,
-                 "SalesRepEntityRef",
-                 FieldKind::Ref,
-                 {},
-                 false,
-                 zqeObjectState,
-                 zqListTypeEntity}};
-    s.add = {"Initial", "IsActive", "SalesRepEntityRef"};
-    s.read = {"Initial", "SalesRepEntityRef"};
-    s.rules = {{RuleKind::MaxLength, "Initial", 5, 2200, "Initial"},
-               {RuleKind::NotEmpty, "SalesRepEntityRef", 0, 2202, kEntityLabel},
-               {RuleKind::MaxLength, "SalesRepEntityRef", 31, 2201, "SalesRepEntity:FullName"},
-               {RuleKind::Custom, "", 1, 0, ""}};
-    s.modRefusal = "XMLModify not supported";
-    return s;
-  }());
-  return schema;
-}
+const RecordDecl& SalesRep::Declaration() { return kDecl; }
 
-SalesRep::SalesRep() : ListRecord(StaticSchema()) {}
-
-const std::string& SalesRep::Initial() const { return Text(kInitial); }
-void SalesRep::Initial(std::string value) { SetText(kInitial, std::move(value)); }
-const zkListObjectRef& SalesRep::SalesRepEntityRef() const { return Ref(kSalesRepEntityRef); }
-void SalesRep::SalesRepEntityRef(std::string fullName) {
-  SetRefName(kSalesRepEntityRef, std::move(fullName));
-}
-
-void SalesRep::CheckRule(int, zkErrors& errors) {
-  // Only an entity that passed the earlier rules is looked up, and only with QuickBooks at hand.
-  for (const zkError& e : errors)
-    if (e.Number() == ErrorNumber(2202) || e.Number() == ErrorNumber(2201)) return;
-  if (!detail::CanLookUp()) return;
-  std::string found = detail::LookUpRecord("EntityQueryRq", SalesRepEntityRef());
-  if (found.empty())
-    errors.AddCode(2204, kEntityLabel);
-  else if (found != "EmployeeRet" && found != "VendorRet" && found != "OtherNameRet")
-    errors.AddCode(2203, kEntityLabel);
+std::string SalesRep::Initial() const { return Text(kFields.Id(F::Initial)); }
+void SalesRep::Initial(std::string_view value) { SetText(kFields.Id(F::Initial), value); }
+zkListObjectRef SalesRep::SalesRepEntityRef() const { return Ref(kFields.Id(F::SalesRepEntityRef)); }
+void SalesRep::SalesRepEntityRef(std::string_view fullName) {
+  SetRefName(kFields.Id(F::SalesRepEntityRef), fullName);
 }
 
 }  // namespace brenvale

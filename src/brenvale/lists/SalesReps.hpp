@@ -1,4 +1,6 @@
 #pragma once
+#include <string_view>
+
 #include "brenvale/lists/SalesRep.hpp"
 #include "brenvale/model/ListCollection.hpp"
 
@@ -8,11 +10,11 @@ class SalesReps : public ListCollection<SalesRep> {
  public:
   using ListCollection::ListCollection;
 
-  SalesRep& Add(std::string Initial = {}, bool IsActive = true, std::string EntityFullName = {}) {
+  SalesRep& Add(std::string_view Initial = {}, bool IsActive = true, std::string_view EntityFullName = {}) {
     auto record = std::make_shared<SalesRep>();
-    record->Initial(std::move(Initial));
+    record->Initial(Initial);
     record->IsActive(IsActive);
-    if (!EntityFullName.empty()) record->SalesRepEntityRef(std::move(EntityFullName));
+    if (!EntityFullName.empty()) record->SalesRepEntityRef(EntityFullName);
     return AddNew(std::move(record));
   }
 };

@@ -1,4 +1,6 @@
 #pragma once
+#include <string_view>
+
 #include "brenvale/lists/SalesTaxCode.hpp"
 #include "brenvale/model/ListCollection.hpp"
 
@@ -8,13 +10,13 @@ class SalesTaxCodes : public ListCollection<SalesTaxCode> {
  public:
   using ListCollection::ListCollection;
 
-  SalesTaxCode& Add(std::string Name = {}, bool IsActive = true, bool IsTaxable = false,
-                    std::string Desc = {}) {
+  SalesTaxCode& Add(std::string_view Name = {}, bool IsActive = true, bool IsTaxable = false,
+                    std::string_view Desc = {}) {
     auto record = std::make_shared<SalesTaxCode>();
-    record->Name(std::move(Name));
+    record->Name(Name);
     record->IsActive(IsActive);
     record->IsTaxable(IsTaxable);
-    if (!Desc.empty()) record->Desc(std::move(Desc));
+    if (!Desc.empty()) record->Desc(Desc);
     return AddNew(std::move(record));
   }
 };

@@ -1,15 +1,14 @@
 #include "brenvale/lists/ShipMethod.hpp"
 
-#include "brenvale/lists/detail/SimpleListSchemas.hpp"
+#include "brenvale/lists/detail/SimpleLists.hpp"
 
 namespace brenvale {
+namespace {
+constexpr ListFacts kFacts{.listType = zqListTypeShipMethod};
+constexpr RecordDecl kDecl =
+    detail::FlatList("ShipMethod", "ShipMethod", zqObjectTypeShipMethod, detail::kNameRules, kFacts);
+}  // namespace
 
-const RecordSchema& ShipMethod::StaticSchema() {
-  static const RecordSchema schema(detail::FlatSimpleList("ShipMethod", "ShipMethod", zqObjectTypeShipMethod,
-                                                          zqListTypeShipMethod, "Modify not allowed"));
-  return schema;
-}
-
-ShipMethod::ShipMethod() : ListRecord(StaticSchema()) {}
+const RecordDecl& ShipMethod::Declaration() { return kDecl; }
 
 }  // namespace brenvale

@@ -1,13 +1,13 @@
 #pragma once
-// A ship method: a way goods are shipped ("UPS", "Courier").
+// A ship method: a way goods are sent (a courier, the post).
 #include "brenvale/model/ListRecord.hpp"
 
 namespace brenvale {
 
 class ShipMethod : public ListRecord {
  public:
-  ShipMethod();
-  static const RecordSchema& StaticSchema();
+  ShipMethod() : ListRecord(Declaration()) {}
+  static const RecordDecl& Declaration();
 };
 
 }  // namespace brenvale

@@ -1,45 +1,44 @@
 #include "brenvale/lists/TaxCode.hpp"
 
-#include "brenvale/lists/detail/SimpleListSchemas.hpp"
+#include "brenvale/lists/detail/TaxCodeRules.hpp"
 
 namespace brenvale {
 namespace {
-enum : FieldId {
-  kDesc = kFirstCustomField,
-  kIsPiggybackRate,
-  kTax1Rate,
-  kTax2Rate,
-  kIsTax1Exempt,
-  kIsTax2Exempt
+struct F {
+  static constexpr FieldDef Desc = field::Text("Desc");
+  static constexpr FieldDef IsPiggybackRate = field::Bool("IsPiggybackRate");
+  static constexpr FieldDef Tax1Rate = field::Price("Tax1Rate");
+  static constexpr FieldDef Tax2Rate = field::Price("Tax2Rate");
+  static constexpr FieldDef IsTax1Exempt = field::Bool("IsTax1Exempt");
+  static constexpr FieldDef IsTax2Exempt = field::Bool("IsTax2Exempt");
 };
+constexpr auto kFields =
+    ListFields(F::Desc, F::IsPiggybackRate, F::Tax1Rate, F::Tax2Rate, F::IsTax1Exempt, F::IsTax2Exempt);
+constexpr auto kAdd = kFields.Order(ListBase::Name, ListBase::IsActive, F::Desc);
+constexpr auto kRead =
+    ListRead(kFields, F::Desc, F::IsPiggybackRate, F::Tax1Rate, F::Tax2Rate, F::IsTax1Exempt, F::IsTax2Exempt);
+constexpr auto kRules = detail::TaxCodeRules(kFields, F::Desc);
+// Not in the list kinds "ListDelType" names.
+constexpr ListFacts kFacts{.listType = zqListTypeTaxCode, .deletable = false, .outsideUS = true};
+constexpr RecordDecl kDecl{.label = "TaxCode",
+                           .xmlName = "TaxCode",
+                           .objectType = zqObjectTypeTaxCode,
+                           .fields = kFields.fields,
+                           .add = kAdd,
+                           .read = kRead,
+                           .rules = kRules,
+                           .modRefusal = "XMLModify not supported",
+                           .list = &kFacts};
 }  // namespace
 
-const RecordSchema& TaxCode::StaticSchema() {
-  static const RecordSchema schema([] {
-    SchemaSpec s = detail::FlatSimpleList("TaxCode", "TaxCode", zqObjectTypeTaxCode, zqListTypeTaxCode,
-                                          "XMLModify not supported");
-    s.fields = {{kDesc, "Desc", FieldKind::Text},
-                {kIsPiggybackRate, "IsPiggybackRate", FieldKind::Bool},
-                {kTax1Rate, "Tax1Rate", FieldKind::Price},
-                {kTax2Rate, "Tax2Rate", FieldKind::Price},
-                {kIsTax1Exempt, "IsTax1Exempt", FieldKind::Bool},
-                {kIsTax2Exempt, "IsTax2Exempt", FieldKind::Bool}};
-    s.add = {"Name", "IsActive", "Desc"};
-    s.read = {"Desc", "IsPiggybackRate", "Tax1Rate", "Tax2Rate", "IsTax1Exempt", "IsTax2Exempt"};
-    s.rules = detail::TaxCodeRules();
-    return s;
-  }());
-  return schema;
-}
+const RecordDecl& TaxCode::Declaration() { return kDecl; }
 
-TaxCode::TaxCode() : ListRecord(StaticSchema()) {}
-
-const std::string& TaxCode::Desc() const { return Text(kDesc); }
-void TaxCode::Desc(std::string value) { SetText(kDesc, std::move(value)); }
-bool TaxCode::IsPiggybackRate() const { return Bool(kIsPiggybackRate); }
-double TaxCode::Tax1Rate() const { return Number(kTax1Rate); }
-double TaxCode::Tax2Rate() const { return Number(kTax2Rate); }
-bool TaxCode::IsTax1Exempt() const { return Bool(kIsTax1Exempt); }
-bool TaxCode::IsTax2Exempt() const { return Bool(kIsTax2Exempt); }
+std::string TaxCode::Desc() const { return Text(kFields.Id(F::Desc)); }
+void TaxCode::Desc(std::string_view value) { SetText(kFields.Id(F::Desc), value); }
+bool TaxCode::IsPiggybackRate() const { return Bool(kFields.Id(F::IsPiggybackRate)); }
+double TaxCode::Tax1Rate() const { return Number(kFields.Id(F::Tax1Rate)); }
+double TaxCode::Tax2Rate() const { return Number(kFields.Id(F::Tax2Rate)); }
+bool TaxCode::IsTax1Exempt() const { return Bool(kFields.Id(F::IsTax1Exempt)); }
+bool TaxCode::IsTax2Exempt() const { return Bool(kFields.Id(F::IsTax2Exempt)); }
 
 }  // namespace brenvale

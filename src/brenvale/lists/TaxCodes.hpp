@@ -1,4 +1,6 @@
 #pragma once
+#include <string_view>
+
 #include "brenvale/lists/TaxCode.hpp"
 #include "brenvale/model/ListCollection.hpp"
 
@@ -8,11 +10,11 @@ class TaxCodes : public ListCollection<TaxCode> {
  public:
   using ListCollection::ListCollection;
 
-  TaxCode& Add(std::string Name = {}, bool IsActive = true, std::string Desc = {}) {
+  TaxCode& Add(std::string_view Name = {}, bool IsActive = true, std::string_view Desc = {}) {
     auto record = std::make_shared<TaxCode>();
-    record->Name(std::move(Name));
+    record->Name(Name);
     record->IsActive(IsActive);
-    if (!Desc.empty()) record->Desc(std::move(Desc));
+    if (!Desc.empty()) record->Desc(Desc);
     return AddNew(std::move(record));
   }
 };

@@ -2,26 +2,25 @@
 
 namespace brenvale {
 namespace {
-enum : FieldId { kTemplateType = kFirstCustomField };
+struct F {
+  static constexpr FieldDef TemplateType = field::Text("TemplateType");
+};
+constexpr auto kFields = ListFields(F::TemplateType);
+constexpr auto kRead = ListRead(kFields, F::TemplateType);
+// The template query takes no ListID, FullName or filter, and "ListDelType" does not name templates.
+constexpr ListFacts kFacts{
+    .listType = zqListTypeTemplate, .queries = kQueryNone, .addable = false, .deletable = false};
+constexpr RecordDecl kDecl{.label = "Template",
+                           .xmlName = "Template",
+                           .objectType = zqObjectTypeTemplate,
+                           .fields = kFields.fields,
+                           .read = kRead,
+                           .modRefusal = "XMLModify not supported",
+                           .list = &kFacts};
 }  // namespace
 
-const RecordSchema& Template::StaticSchema() {
-  static const RecordSchema schema([] {
-    SchemaSpec s;
-    s.label = "Template";
-    s.xmlName = "Template";
-    s.objectType = zqObjectTypeTemplate;
-    s.listType = zqListTypeTemplate;
-    s.fields = {{kTemplateType, "TemplateType", FieldKind::Text}};
-    s.read = {"TemplateType"};
-    s.modRefusal = "XMLModify not supported";
-    return s;
-  }());
-  return schema;
-}
+const RecordDecl& Template::Declaration() { return kDecl; }
 
-Template::Template() : ListRecord(StaticSchema()) {}
-
-const std::string& Template::TemplateType() const { return Text(kTemplateType); }
+std::string Template::TemplateType() const { return Text(kFields.Id(F::TemplateType)); }
 
 }  // namespace brenvale

@@ -2,39 +2,38 @@
 
 namespace brenvale {
 namespace {
-enum : FieldId { kNotes = kFirstCustomField, kIsDone, kReminderDate };
+struct F {
+  static constexpr FieldDef Notes = field::Text("Notes");
+  static constexpr FieldDef IsDone = field::Bool("IsDone");
+  static constexpr FieldDef ReminderDate = field::Date("ReminderDate");
+};
+constexpr auto kFields = ListFields(F::Notes, F::IsDone, F::ReminderDate);
+constexpr auto kBody = kFields.Order(F::Notes, ListBase::IsActive, F::IsDone, F::ReminderDate);
+constexpr auto kRead = ListRead(kFields, F::Notes, F::IsDone, F::ReminderDate);
+constexpr Rule kRules[] = {kFields.NotEmpty(F::Notes, 2500, "Notes"), kFields.MaxLength(F::Notes, 4095, 2501, "Notes")};
+// The to-do query has no FullName; without a DoneStatus QuickBooks answers open to-dos only.
+constexpr ListFacts kFacts{.listType = zqListTypeToDo,
+                           .key = ListKey::ListID,
+                           .nameField = kFields.Id(F::Notes),
+                           .queries = kQueryByListID | kQueryFilters | kQueryDoneStatus};
+constexpr RecordDecl kDecl{.label = "ToDo",
+                           .xmlName = "ToDo",
+                           .objectType = zqObjectTypeToDo,
+                           .fields = kFields.fields,
+                           .add = kBody,
+                           .mod = kBody,
+                           .read = kRead,
+                           .rules = kRules,
+                           .list = &kFacts};
 }  // namespace
 
-const RecordSchema& ToDo::StaticSchema() {
-  static const RecordSchema schema([] {
-    SchemaSpec s;
-    s.label = "ToDo";
-    s.xmlName = "ToDo";
-    s.objectType = zqObjectTypeToDo;
-    s.listType = zqListTypeToDo;
-    s.readsName = false;
-    s.nameField = kNotes;
-    s.key = RecordKey::ListID;
-    s.fields = {{kNotes, "Notes", FieldKind::Text},
-                {kIsDone, "IsDone", FieldKind::Bool},
-                {kReminderDate, "ReminderDate", FieldKind::Date}};
-    s.add = {"Notes", "IsActive", "IsDone", "ReminderDate"};
-    s.mod = {"Notes", "IsActive", "IsDone", "ReminderDate"};
-    s.read = {"IsDone", "Notes", "ReminderDate"};
-    s.rules = {{RuleKind::NotEmpty, "Notes", 0, 2500, "Notes"},
-               {RuleKind::MaxLength, "Notes", 4095, 2501, "Notes"}};
-    return s;
-  }());
-  return schema;
-}
+const RecordDecl& ToDo::Declaration() { return kDecl; }
 
-ToDo::ToDo() : ListRecord(StaticSchema()) {}
-
-const std::string& ToDo::Notes() const { return Text(kNotes); }
-void ToDo::Notes(std::string value) { SetText(kNotes, std::move(value)); }
-bool ToDo::IsDone() const { return Bool(kIsDone); }
-void ToDo::IsDone(bool value) { SetBool(kIsDone, value); }
-Date ToDo::ReminderDate() const { return DateValue(kReminderDate); }
-void ToDo::ReminderDate(Date value) { SetDate(kReminderDate, value); }
+std::string ToDo::Notes() const { return Text(kFields.Id(F::Notes)); }
+void ToDo::Notes(std::string_view value) { SetText(kFields.Id(F::Notes), value); }
+bool ToDo::IsDone() const { return Bool(kFields.Id(F::IsDone)); }
+void ToDo::IsDone(bool value) { SetBool(kFields.Id(F::IsDone), value); }
+Date ToDo::ReminderDate() const { return DateValue(kFields.Id(F::ReminderDate)); }
+void ToDo::ReminderDate(Date value) { SetDate(kFields.Id(F::ReminderDate), value); }
 
 }  // namespace brenvale

@@ -1,4 +1,6 @@
 #pragma once
+#include <string_view>
+
 #include "brenvale/lists/ToDo.hpp"
 #include "brenvale/model/ListCollection.hpp"
 
@@ -9,9 +11,9 @@ class ToDoList : public ListCollection<ToDo> {
  public:
   using ListCollection::ListCollection;
 
-  ToDo& Add(std::string Notes = {}, bool IsActive = true, bool IsDone = false, Date ReminderDate = Date()) {
+  ToDo& Add(std::string_view Notes = {}, bool IsActive = true, bool IsDone = false, Date ReminderDate = Date()) {
     auto record = std::make_shared<ToDo>();
-    record->Notes(std::move(Notes));
+    record->Notes(Notes);
     record->IsActive(IsActive);
     record->IsDone(IsDone);
     if (!ReminderDate.IsNull()) record->ReminderDate(ReminderDate);

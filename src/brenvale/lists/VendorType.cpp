@@ -1,15 +1,13 @@
 #include "brenvale/lists/VendorType.hpp"
 
-#include "brenvale/lists/detail/SimpleListSchemas.hpp"
+#include "brenvale/lists/detail/SimpleLists.hpp"
 
 namespace brenvale {
+namespace {
+constexpr ListFacts kFacts{.listType = zqListTypeVendorType, .hierarchical = true, .key = ListKey::FullName};
+constexpr RecordDecl kDecl = detail::HierarchicalList("VendorType", zqObjectTypeVendorType, kFacts);
+}  // namespace
 
-const RecordSchema& VendorType::StaticSchema() {
-  static const RecordSchema schema(
-      detail::HierarchicalSimpleList("VendorType", zqObjectTypeVendorType, zqListTypeVendorType));
-  return schema;
-}
-
-VendorType::VendorType() : HierarchicalRecord(StaticSchema()) {}
+const RecordDecl& VendorType::Declaration() { return kDecl; }
 
 }  // namespace brenvale

@@ -1,13 +1,13 @@
 #pragma once
-// A vendor type: a hierarchical list of the kinds of vendors a company deals with.
-#include "brenvale/model/HierarchicalRecord.hpp"
+// A vendor type: a hierarchical list of the kinds of vendors.
+#include "brenvale/model/ListRecord.hpp"
 
 namespace brenvale {
 
 class VendorType : public HierarchicalRecord {
  public:
-  VendorType();
-  static const RecordSchema& StaticSchema();
+  VendorType() : HierarchicalRecord(Declaration()) {}
+  static const RecordDecl& Declaration();
 };
 
 }  // namespace brenvale

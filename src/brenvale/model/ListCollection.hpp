@@ -9,7 +9,7 @@ namespace brenvale {
 template <class T>
 class ListCollection : public ListCollectionBase {
  public:
-  explicit ListCollection(bool master = false) : ListCollectionBase(T::StaticSchema(), master) {}
+  explicit ListCollection(bool master = false) : ListCollectionBase(T::Declaration(), master) {}
 
   T& Item(std::string_view key) override { return static_cast<T&>(ListCollectionBase::Item(key)); }
   T& Item(std::size_t position) override { return static_cast<T&>(ListCollectionBase::Item(position)); }
@@ -23,36 +23,32 @@ class ListCollection : public ListCollectionBase {
   }
   T* Find(std::string_view key) override { return static_cast<T*>(ListCollectionBase::Find(key)); }
   // Shared ownership of a record, for a host that keeps it beyond the collection.
-  std::shared_ptr<T> ItemPtr(std::size_t position) const {
-    return std::static_pointer_cast<T>(RecordAt(position));
-  }
+  std::shared_ptr<T> ItemPtr(std::size_t position) const { return std::static_pointer_cast<T>(SharedAt(position)); }
 
-  class iterator {
-   public:
-    iterator(ListCollection* c, std::size_t pos) : c_(c), pos_(pos) {}
-    T& operator*() const { return c_->Item(pos_); }
-    T* operator->() const { return &c_->Item(pos_); }
-    iterator& operator++() {
-      ++pos_;
-      return *this;
-    }
-    bool operator!=(const iterator& o) const { return pos_ != o.pos_; }
-    bool operator==(const iterator& o) const { return pos_ == o.pos_; }
-
-   private:
-    ListCollection* c_;
-    std::size_t pos_;
-  };
+  using iterator = PositionIterator<ListCollection, T>;
   iterator begin() { return iterator(this, 1); }
-  iterator end() { return iterator(this, static_cast<std::size_t>(Count()) + 1); }
+  iterator end() { return iterator(this, Size() + 1); }
 
  protected:
-  std::shared_ptr<ListRecord> MakeRecord(std::string_view retName) override {
-    if (retName != T::StaticSchema().XmlName() + "Ret") return nullptr;
-    return std::make_shared<T>();
-  }
+  std::shared_ptr<RecordCore> MakeRecord(std::string_view retName) override { return MakeRecordFor<T>(retName); }
   // For the derived collection's Add(...): a new record, filed, returned for filling.
-  T& AddNew(std::shared_ptr<T> record) { return static_cast<T&>(AddRecord(std::move(record))); }
+  T& AddNew(std::shared_ptr<T> record) { return static_cast<T&>(AddNewRecord(std::move(record))); }
+};
+
+// A collection of a hierarchical simple list, whose Add takes a name, the active flag and the
+// parent's full name.
+template <class T>
+class HierarchicalCollection : public ListCollection<T> {
+ public:
+  using ListCollection<T>::ListCollection;
+
+  T& Add(std::string_view Name = {}, bool IsActive = true, std::string_view ParentFullName = {}) {
+    auto record = std::make_shared<T>();
+    record->Name(Name);
+    record->IsActive(IsActive);
+    if (!ParentFullName.empty()) record->Parent(ParentFullName);
+    return this->AddNew(std::move(record));
+  }
 };
 
 }  // namespace brenvale

@@ -1,47 +1,43 @@
 #pragma once
-// The shared body of every list collection: records filed by CollectionKey, the queries (paged
-// through iterators where the kind allows), the batch commit, and delete. Typed collections derive
-// through ListCollection<T>.
+// The list collection on the collection core: the zkList face, the list queries (paged through
+// iterators where the kind allows, each filter only where QuickBooks takes it), and delete. Typed
+// collections derive through ListCollection<T>.
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "brenvale/core/Date.hpp"
-#include "brenvale/core/KeyedList.hpp"
+#include "brenvale/model/CollectionCore.hpp"
 #include "brenvale/model/ListRecord.hpp"
 #include "brenvale/model/zkList.hpp"
 
 namespace brenvale {
 
-class DomNode;
-class xmlBldr;
-
-class ListCollectionBase : public zkList {
+class ListCollectionBase : public CollectionCore, public zkList {
  public:
-  ListCollectionBase(const RecordSchema& schema, bool master);
+  ListCollectionBase(const RecordDecl& decl, bool master);
   ~ListCollectionBase() override;
-  ListCollectionBase(const ListCollectionBase&) = delete;
-  ListCollectionBase& operator=(const ListCollectionBase&) = delete;
+
+  const ListFacts& Facts() const { return *Decl().list; }
 
   // --- zkList -------------------------------------------------------------------------------
-  zqEnumListType ListType() const override { return schema_.Decl().listType; }
-  ListRecord& Item(std::string_view key) override { return *records_.Get(key); }
-  ListRecord& Item(std::size_t position) override { return *records_.At(position); }
-  zkErrors& Errors() override { return errors_; }
-  bool ItemExists(std::string_view key) const override { return records_.Exists(key); }
-  bool ItemExists(std::size_t position) const { return records_.ExistsAt(position); }
-  Long Count() const override { return static_cast<Long>(records_.Count()); }
+  zqEnumListType ListType() const override { return Facts().listType; }
+  ListRecord& Item(std::string_view key) override { return static_cast<ListRecord&>(AtKey(key)); }
+  ListRecord& Item(std::size_t position) override { return static_cast<ListRecord&>(At(position)); }
+  zkErrors& Errors() override { return CollectionErrors(); }
+  bool ItemExists(std::string_view key) const override { return PositionOfKey(key) != 0; }
+  bool ItemExists(std::size_t position) const { return HoldsAt(position); }
+  Long Count() const override { return static_cast<Long>(Size()); }
   void Remove(std::string_view key) override;
   void Remove(std::size_t position) override;
-  void Clear() override { records_.Clear(); }
+  void Clear() override { ClearRecords(); }
   Long Commit() override { return Commit(nullptr); }
-  bool Validate() override;
+  bool Validate() override { return ValidateAll(); }
   Long GetActive(Long MaxReturned = 0, const std::string& sMDBPath = {}) override;
   Long GetAll(Long MaxReturned = 0, const std::string& sMDBPath = {}) override;
   ListRecord* GetByFullName(const std::string& sFullName) override;
   ListRecord* GetByListID(const std::string& sListID) override;
-  ListRecord* Find(std::string_view key) override;
+  ListRecord* Find(std::string_view key) override { return static_cast<ListRecord*>(FindKey(key)); }
 
   // --- the rest of every collection -----------------------------------------------------------
   Long GetByNameRange(const std::string& FromName, const std::string& ToName, Long MaxReturned = 0,
@@ -52,47 +48,31 @@ class ListCollectionBase : public zkList {
   // Sends every New and Dirty record (or only `Member`) in one batch; returns how many QuickBooks
   // accepted. Failures are collected; with the library-wide setting on, 1023 is raised after.
   Long Commit(ListRecord* Member);
-  // As Commit, but never raises 1023: returns how many records failed.
+  // As Commit, but never raises 1023: returns how many entries the collection collected.
   Long Commit2(ListRecord* Member = nullptr);
-  // Deletes a record in QuickBooks (1026 when refused); with bRemove, also from this collection.
+  // Deletes a record in QuickBooks; with bRemove, also from this collection. A refusal raises 1026
+  // (the code has no message of its own); QuickBooks' reason is left in the collection's Errors.
   Long Delete(const std::string& ListID, bool bRemove = true);
 
-  bool IsMaster() const { return master_; }
-  const RecordSchema& Schema() const { return schema_; }
+  bool IsMaster() const { return CollectionCore::IsMaster(); }
+  std::string_view CollectionLabel() const override;
   // Records per page of an iterated query.
   static Long IteratorPageSize;
 
  protected:
-  // A new record of the collection's kind for a Ret element of that name (null: not ours).
-  virtual std::shared_ptr<ListRecord> MakeRecord(std::string_view retName) = 0;
-  // Files a record created by the derived collection's Add (master only: 1021 otherwise).
-  ListRecord& AddRecord(std::shared_ptr<ListRecord> record);
-  std::shared_ptr<ListRecord> RecordAt(std::size_t position) const { return records_.At(position); }
-  void RequireMaster() const;
+  ListRecord& AddNewRecord(std::shared_ptr<ListRecord> record) {
+    return static_cast<ListRecord&>(AddRecord(std::move(record)));
+  }
+  void AfterChange() override;
+  zqEnumListType CommitList() const override { return Facts().listType; }
 
-  // One query: `writeFilters` writes the children after "MaxReturned"; returns records read.
-  using FilterWriter = void (*)(xmlBldr&, const void* context);
-  Long Query(Long maxReturned, FilterWriter writeFilters, const void* context, bool clearFirst);
-  // Files the Ret elements of one response; returns how many were read.
-  Long Fill(const DomNode& response);
-  // The query's request name, "JobTypeQueryRq".
-  virtual std::string QueryRequestName() const { return schema_.XmlName() + "QueryRq"; }
-  // The kind named in "ListDelType".
-  virtual std::string DeleteTypeName(const ListRecord* record) const;
+  // One query: `filters` writes the children after "MaxReturned" (none: every record); `needs`
+  // names the query features it uses, which the kind must take. Returns how many records it read.
+  Long Query(Long maxReturned, std::uint8_t needs, const QueryFilters& filters, bool clearFirst);
 
  private:
-  // The key a record can be filed under here: its CollectionKey, or none when that is taken.
-  std::string FreeKeyFor(const ListRecord& record) const;
-  void File(std::shared_ptr<ListRecord> record);
-  // Files a record again at its position (where it was expected to be) under its current key.
-  void Refile(const std::shared_ptr<ListRecord>& record, std::size_t position);
-  Long CommitBatch(ListRecord* member, bool raise, Long* failures);
-  void LinkChildren();
-
-  const RecordSchema& schema_;
-  bool master_;
-  KeyedList<std::shared_ptr<ListRecord>> records_;
-  zkErrors errors_;
+  // Raises when QuickBooks has no such request for the kind (1026), or none in this edition (1005).
+  void RequireQuery(std::uint8_t needs) const;
 };
 
 }  // namespace brenvale

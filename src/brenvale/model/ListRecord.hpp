@@ -1,115 +1,140 @@
 #pragma once
-// The shared body of every list record: values held by field id as the kind's schema declares
-// them, the New/Clean/Dirty state, reading from a Ret element, writing add and modify bodies,
-// and the declared validation rules. A record class adds only its accessors and its own rules.
+// The list identity on the record core: ListID, names, parent and full name, the zkListObject and
+// zkBase faces, and the facts a list kind declares beside its fields (its list, how a collection
+// files it, which queries QuickBooks takes for it).
+#include <concepts>
 #include <memory>
 #include <string>
-#include <variant>
-#include <vector>
+#include <string_view>
 
-#include "brenvale/core/Currency.hpp"
-#include "brenvale/core/Date.hpp"
-#include "brenvale/core/zkErrors.hpp"
-#include "brenvale/model/RecordSchema.hpp"
+#include "brenvale/model/BaseRecord.hpp"
 #include "brenvale/model/zkListObject.hpp"
-#include "brenvale/model/zkListObjectRef.hpp"
 #include "brenvale/model/zkListObjectRefs.hpp"
-#include "brenvale/qbxml/zkBase.hpp"
 
 namespace brenvale {
 
-using FieldValue = std::variant<std::monostate, std::string, bool, std::int64_t, Currency, double, Date,
-                                zkListObjectRef>;
+// The fields of every list record, at the same ids in every list kind's table.
+struct ListBase {
+  static constexpr FieldDef ListID = field::Text("ListID");
+  static constexpr FieldDef TimeCreated = field::DateTime("TimeCreated");
+  static constexpr FieldDef TimeModified = field::DateTime("TimeModified");
+  static constexpr FieldDef EditSequence = field::Text("EditSequence");
+  static constexpr FieldDef Name = field::Text("Name");
+  static constexpr FieldDef FullName = field::Text("FullName");
+  static constexpr FieldDef IsActive = field::Bool("IsActive").Default(true);
+  static constexpr FieldDef ParentRef = field::OwnRef("ParentRef");
+  static constexpr FieldDef Sublevel = field::Int("Sublevel");
+};
 
-class ListRecord : public zkBase, public zkListObject {
+inline constexpr auto kListBaseFields = Fields(ListBase::ListID, ListBase::TimeCreated, ListBase::TimeModified,
+                                               ListBase::EditSequence, ListBase::Name, ListBase::FullName,
+                                               ListBase::IsActive, ListBase::ParentRef, ListBase::Sublevel);
+
+// A list kind's field table: the base fields, then its own.
+template <std::same_as<FieldDef>... F>
+consteval auto ListFields(const F&... own) {
+  return Extend(kListBaseFields, own...);
+}
+
+// The elements a list kind reads: the base elements in the order QuickBooks writes them, then its
+// own (given in their order).
+template <std::size_t N, std::same_as<FieldDef>... F>
+consteval auto ListRead(const FieldTable<N>& table, const F&... own) {
+  return Join(table.Order(ListBase::ListID, ListBase::TimeCreated, ListBase::TimeModified, ListBase::EditSequence,
+                          ListBase::Name, ListBase::FullName, ListBase::IsActive, ListBase::ParentRef,
+                          ListBase::Sublevel),
+              table.Order(own...));
+}
+
+// How a collection files a list record.
+enum class ListKey : std::uint8_t { Name, FullName, ListID };
+
+// The queries QuickBooks takes for a list kind.
+enum ListQueries : std::uint8_t {
+  kQueryNone = 0,
+  kQueryByListID = 1,     // ListID
+  kQueryByFullName = 2,   // FullName
+  kQueryFilters = 4,      // MaxReturned, ActiveStatus, modified dates, name filters
+  kQueryDoneStatus = 8,   // DoneStatus after the filters (to-dos: QuickBooks answers open ones only by default)
+  kQueryAll = kQueryByListID | kQueryByFullName | kQueryFilters,
+};
+
+struct ListFacts {
+  zqEnumListType listType = zqListTypeNone;
+  std::string_view collectionLabel{};  // of the collection's errors, when it differs from the record's
+  bool hierarchical = false;
+  ListKey key = ListKey::Name;
+  FieldId nameField = kListBaseFields.Id(ListBase::Name);  // the field Name() answers
+  std::uint8_t queries = kQueryAll;
+  bool iterates = false;     // the query pages through iterators (qbXML 5.0 on)
+  bool addable = true;       // QuickBooks has an Add request for the kind
+  bool deletable = true;     // "ListDelType" takes the kind
+  bool outsideUS = false;    // the requests exist only in editions outside the US
+};
+
+class ListRecord : public BaseRecord, public zkListObject {
  public:
-  explicit ListRecord(const RecordSchema& schema);
+  // The ids of the base fields, the same in every list kind.
+  static constexpr FieldId kListID = kListBaseFields.Id(ListBase::ListID);
+  static constexpr FieldId kTimeCreated = kListBaseFields.Id(ListBase::TimeCreated);
+  static constexpr FieldId kTimeModified = kListBaseFields.Id(ListBase::TimeModified);
+  static constexpr FieldId kEditSequence = kListBaseFields.Id(ListBase::EditSequence);
+  static constexpr FieldId kName = kListBaseFields.Id(ListBase::Name);
+  static constexpr FieldId kFullName = kListBaseFields.Id(ListBase::FullName);
+  static constexpr FieldId kIsActive = kListBaseFields.Id(ListBase::IsActive);
+  static constexpr FieldId kParentRef = kListBaseFields.Id(ListBase::ParentRef);
+  static constexpr FieldId kSublevel = kListBaseFields.Id(ListBase::Sublevel);
 
-  // --- zkBase / zkListObject ----------------------------------------------------------------
-  Long XMLInsert(xmlBldr& cxmlbldr) override;
-  Long XMLQueryRs(xmlBldr& cxmlbldr) override;
-  Long XMLModify(xmlBldr& cxmlbldr) override;
-  zqEnumListObjectType ObjectType() const override { return schema_.Decl().objectType; }
-  Long FromDom(const DomNode& obj) override;
-  const std::string& ListID() const override { return Text(kListID); }
-  const std::string& Name() const override { return Text(schema_.Decl().nameField); }
-  std::string CollectionKey() const override;
-  zkErrors& Errors() override { return errors_; }
-  bool SupportsChildren() const override { return schema_.Decl().hierarchical; }
-  std::string Parent() const override;
-  zkListObjectRefs& Children() override { return children_; }
+  explicit ListRecord(const RecordDecl& decl);
+  ~ListRecord() override;
+
+  const ListFacts& Facts() const { return *Decl().list; }
+
+  zqEnumListObjectType ObjectType() const override { return BaseRecord::ObjectType(); }
+  Long FromDom(const DomNode& obj) override { return BaseRecord::FromDom(obj); }
+
+  // --- zkListObject ---------------------------------------------------------------------------
+  std::string ListID() const override { return Text(kListID); }
+  std::string Name() const override { return Text(Facts().nameField); }
+  std::string CollectionKey() const override { return CollectionKeyParts().Joined(); }
+  zkErrors& Errors() override { return RecordCore::Errors(); }
+  bool SupportsChildren() const override { return Facts().hierarchical; }
+  std::string Parent() const override { return std::string(RefFullName(kParentRef)); }
+  zkListObjectRefs& Children() override;
+  // Forgets the children's references (kept only for records that have children).
+  void ClearChildren() { children_.reset(); }
   std::string FullName() const override;
   Integer Sublevel() const override { return static_cast<Integer>(Int(kSublevel)); }
-  zqEnumObjectState ObjectState() const override { return state_; }
-  bool Validate() override;
+  zqEnumObjectState ObjectState() const override { return RecordCore::ObjectState(); }
+  bool Validate() override { return RecordCore::Validate(); }
+  using RecordCore::Validate;
 
-  // --- what every list record offers -------------------------------------------------------
-  void Name(std::string value) { SetText(schema_.Decl().nameField, std::move(value)); }
-  bool IsActive() const { return Bool(kIsActive, true); }
+  // --- what every list record offers -----------------------------------------------------------
+  void Name(std::string_view value) { SetText(Facts().nameField, value); }
+  bool IsActive() const { return Bool(kIsActive); }
   void IsActive(bool value) { SetBool(kIsActive, value); }
   Date TimeCreated() const { return DateValue(kTimeCreated); }
   Date TimeModified() const { return DateValue(kTimeModified); }
-  const std::string& EditSequence() const { return Text(kEditSequence); }
-  Variant& UserData() { return userData_; }
-  const zkErrors& Errors() const { return errors_; }
-  const RecordSchema& Schema() const { return schema_; }
-  // The class label of the record's errors ("JobType").
-  const std::string& Label() const { return schema_.Label(); }
+  std::string EditSequence() const { return Text(kEditSequence); }
+  const zkErrors& Errors() const { return RecordCore::Errors(); }
 
-  // Generic access by field, for tools and tests that walk the schema.
-  const FieldValue& Value(FieldId id) const { return values_.at(id); }
-  // Sets a field from qbXML-style text (as FromDom would read it), through the setter rules.
-  void SetFromText(FieldId id, std::string_view text);
-  // The field as qbXML-style text (empty when unset).
-  std::string ValueText(FieldId id) const;
+  KeyParts CollectionKeyParts() const override;
 
  protected:
-  // Typed access for the record classes' accessors.
-  const std::string& Text(FieldId id) const;
-  bool Bool(FieldId id, bool fallback = false) const;
-  std::int64_t Int(FieldId id) const;
-  Currency Amount(FieldId id) const;
-  double Number(FieldId id) const;
-  Date DateValue(FieldId id) const;
-  const zkListObjectRef& Ref(FieldId id) const;
-
-  // Setters: mark the state first (1002 for a field fixed after creation), then store.
-  void SetText(FieldId id, std::string value) { Set(id, FieldValue(std::move(value))); }
-  void SetBool(FieldId id, bool value) { Set(id, FieldValue(value)); }
-  void SetInt(FieldId id, std::int64_t value) { Set(id, FieldValue(value)); }
-  void SetAmount(FieldId id, Currency value) { Set(id, FieldValue(value)); }
-  void SetNumber(FieldId id, double value) { Set(id, FieldValue(value)); }
-  void SetDate(FieldId id, Date value) { Set(id, FieldValue(value)); }
-  // A reference set by full name (its ListID is dropped).
-  void SetRefName(FieldId id, std::string fullName);
-  void SetRef(FieldId id, zkListObjectRef ref) { Set(id, FieldValue(std::move(ref))); }
-  void Set(FieldId id, FieldValue value);
-
-  // The state rule of every setter: New stays New; otherwise Dirty, or 1002 for a fixed field.
-  void MarkChanged(bool fixedAfterAdd);
-
-  // A record's own validation check, called for its Custom rules in their place.
-  virtual void CheckRule(int /*check*/, zkErrors& /*errors*/) {}
-  // A record's own element reader; true when it took the element.
-  virtual bool ReadElement(std::string_view /*name*/, const DomNode& /*node*/) { return false; }
-  // Writes one field as the add or modify body wants it; records override for special elements.
-  virtual void WriteField(xmlBldr& b, FieldId id, bool modify);
-
-  bool PassesGate(Currency minVersion) const;
+  zqEnumListType OwnList() const override { return Facts().listType; }
 
  private:
-  void ReadValue(FieldId id, const DomNode& node);
-
-  const RecordSchema& schema_;
-  std::vector<FieldValue> values_;
-  std::vector<bool> changed_;
-  zqEnumObjectState state_ = zqObjectStateNew;
-  zkErrors errors_;
-  zkListObjectRefs children_;
-  Variant userData_;
+  std::unique_ptr<zkListObjectRefs> children_;
 };
 
-// Length in characters of UTF-8 text.
-std::size_t TextLength(std::string_view utf8);
+// A list record with a parent: its full name is the parent's full name, ":" and its own name.
+class HierarchicalRecord : public ListRecord {
+ public:
+  using ListRecord::ListRecord;
+  using ListRecord::Parent;
+  // Sets the parent by its full name (empty: top level).
+  void Parent(std::string_view fullName) { SetRefName(kParentRef, fullName); }
+  zkListObjectRef ParentRef() const { return Ref(kParentRef); }
+};
 
 }  // namespace brenvale

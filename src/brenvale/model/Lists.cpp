@@ -1,5 +1,7 @@
 #include "brenvale/model/Lists.hpp"
 
+#include "brenvale/core/ThreadState.hpp"
+
 namespace brenvale {
 
 void Lists::AddObject(zkList* NewObject, std::string_view Key) { list_.Add(NewObject, Key); }
@@ -23,9 +25,6 @@ void Lists::UnregisterMaster(zkList* collection) {
     }
 }
 
-Lists& TheLists() {
-  thread_local Lists lists;
-  return lists;
-}
+Lists& TheLists() { return detail::ThreadState::Current().Get<Lists>(detail::StateSlot::Lists); }
 
 }  // namespace brenvale

@@ -15,8 +15,8 @@ class zkListObject {
  public:
   virtual ~zkListObject() = default;
   virtual zqEnumListObjectType ObjectType() const = 0;
-  virtual const std::string& ListID() const = 0;
-  virtual const std::string& Name() const = 0;
+  virtual std::string ListID() const = 0;
+  virtual std::string Name() const = 0;
   virtual std::string CollectionKey() const = 0;
   virtual zkErrors& Errors() = 0;
   virtual bool SupportsChildren() const = 0;

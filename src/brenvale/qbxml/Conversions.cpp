@@ -120,13 +120,15 @@ std::string DateToText(Date d) {
   return out;
 }
 
-std::string DateTimeToText(Date d) {
+std::string DateTimeToText(Date d) { return DateTimeToText(d, CurrentSession().qbXMLVersionNumber); }
+
+std::string DateTimeToText(Date d, Currency versionNumber) {
   if (d.IsNull()) return "None";
   const SplitDate parts = Split(d);
   std::string out;
   out.reserve(19);
   AppendDate(out, parts.day);
-  if (CurrentSession().qbXMLVersionNumber >= Currency(2)) {
+  if (versionNumber >= Currency(2)) {
     out += 'T';
     AppendPadded(out, parts.seconds / 3600, 2);
     out += ':';
@@ -153,6 +155,16 @@ Single TextToSingle(std::string_view text) {
   return value;
 }
 
+std::optional<double> TextToNumber(std::string_view text) {
+  text = WithoutPercent(Trim(text));
+  if (!text.empty() && text.front() == '+') text.remove_prefix(1);
+  if (text.empty()) return 0.0;
+  double value = 0.0;
+  auto result = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+  if (result.ec != std::errc() || result.ptr != text.data() + text.size()) return std::nullopt;
+  return value;
+}
+
 Single TextToRate(std::string_view text) {
   text = WithoutPercent(Trim(text));
   if (text.empty()) return 0.0f;
@@ -171,6 +183,10 @@ std::string PriceToText(double value) {
 
 std::string QuantityToText(double value) {
   return detail::FormatFixed(value, FixedPattern{1, 6, false, HalfRounding::AwayFromZero});
+}
+
+std::string QuantityToRequestText(double value) {
+  return detail::FormatFixed(value, FixedPattern{1, 5, false, HalfRounding::AwayFromZero});
 }
 
 std::string FourDecimalToText(double value) {

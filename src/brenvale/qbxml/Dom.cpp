@@ -82,25 +82,38 @@ std::string DomNode::Xml() const {
   return os.str();
 }
 
-DomDocument::DomDocument() : doc_(std::make_shared<pugi::xml_document>()) {}
+DomDocument::DomDocument() : held_(std::make_shared<Held>()) {}
+
+void DomDocument::Parse(char* text, std::size_t size, bool inPlace) {
+  constexpr unsigned kFlags = pugi::parse_default | pugi::parse_declaration | pugi::parse_doctype |
+                              pugi::parse_comments | pugi::parse_pi;
+  pugi::xml_parse_result r = inPlace ? held_->doc.load_buffer_inplace(text, size, kFlags, pugi::encoding_utf8)
+                                     : held_->doc.load_buffer(text, size, kFlags, pugi::encoding_utf8);
+  if (!r) {
+    held_->doc.reset();
+    held_->text.clear();
+    parseError_ = std::string(r.description()) + " at offset " + std::to_string(r.offset);
+  }
+}
 
 DomDocument DomDocument::Load(std::string_view text) {
   DomDocument d;
-  constexpr unsigned kFlags = pugi::parse_default | pugi::parse_declaration | pugi::parse_doctype |
-                              pugi::parse_comments | pugi::parse_pi;
-  pugi::xml_parse_result r = d.doc_->load_buffer(text.data(), text.size(), kFlags, pugi::encoding_utf8);
-  if (!r) {
-    d.doc_->reset();
-    d.parseError_ = std::string(r.description()) + " at offset " + std::to_string(r.offset);
-  }
+  d.Parse(const_cast<char*>(text.data()), text.size(), false);
   return d;
 }
 
-bool DomDocument::Empty() const { return !doc_->first_child(); }
+DomDocument DomDocument::Load(std::string&& text) {
+  DomDocument d;
+  d.held_->text = std::move(text);
+  d.Parse(d.held_->text.data(), d.held_->text.size(), true);
+  return d;
+}
+
+bool DomDocument::Empty() const { return !held_->doc.first_child(); }
 
 std::string DomDocument::Xml() const {
   std::ostringstream os;
-  doc_->save(os, "", pugi::format_raw | pugi::format_no_declaration);
+  held_->doc.save(os, "", pugi::format_raw | pugi::format_no_declaration);
   return os.str();
 }
 

@@ -92,18 +92,27 @@ class DomDocument {
   // Parses `text` (UTF-8). Text that is not well-formed gives an empty document; ParseError()
   // then says why.
   static DomDocument Load(std::string_view text);
+  // The same, parsing the text where it lies: the document keeps it, and no copy is made.
+  static DomDocument Load(std::string&& text);
+  static DomDocument Load(const char* text) { return Load(std::string_view(text)); }
 
   bool Empty() const;
   // The document node; its children are the top-level nodes, declaration included.
-  DomNode Root() const { return DomNode(*doc_); }
-  DomNode DocumentElement() const { return DomNode(doc_->document_element()); }
+  DomNode Root() const { return DomNode(held_->doc); }
+  DomNode DocumentElement() const { return DomNode(held_->doc.document_element()); }
   std::size_t ChildCount() const { return Root().ChildCount(); }
   DomNode Child(std::size_t index) const { return Root().Child(index); }
   const std::string& ParseError() const { return parseError_; }
   std::string Xml() const;
 
  private:
-  std::shared_ptr<pugi::xml_document> doc_;
+  struct Held {
+    std::string text;  // the parsed text, when the document was parsed in place
+    pugi::xml_document doc;
+  };
+  void Parse(char* text, std::size_t size, bool inPlace);
+
+  std::shared_ptr<Held> held_;
   std::string parseError_;
 };
 

@@ -1,11 +1,10 @@
 #include "brenvale/qbxml/Session.hpp"
 
+#include "brenvale/core/ThreadState.hpp"
+
 namespace brenvale {
 
-Session& CurrentSession() {
-  thread_local Session session;
-  return session;
-}
+Session& CurrentSession() { return detail::ThreadState::Current().Get<Session>(detail::StateSlot::Session); }
 
 Currency VersionNumberOf(const std::string& versionText) {
   std::string_view v = versionText;

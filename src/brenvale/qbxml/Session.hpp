@@ -1,6 +1,6 @@
 #pragma once
-// The session values that the whole library reads: set when a connection is opened, kept per
-// thread with the library globals, read by the request builder and the sending code.
+// The session values that the whole library reads: set when a connection is opened, kept in this
+// thread's library state, read by the request builder and the sending code.
 #include <functional>
 #include <memory>
 #include <string>
@@ -19,6 +19,7 @@ struct Session {
   std::string tracePath;               // the session's trace file; empty = none
   std::string dataExtOwnerID;          // GUID registered for application-defined data extensions
   std::string eventSubscriberID;       // GUID registered for event subscriptions
+  std::string country;                 // the company's edition as the host query reports it ("US")
   bool connectionOpen = false;
   // Whether a collection commit with failures raises 1023 after the batch.
   bool commitRaises = true;

@@ -93,6 +93,9 @@ std::string xmlBldr::Exchange(bool routeSubscriptions) {
   // own text is kept in ErrMsg.
   try {
     JoinPieces();
+    // An online request has no top of its own (CreateTop writes none): it gets the declaration and
+    // the online edition's DOCTYPE here, on its way out.
+    if (CurrentSession().isOnline && xml_.compare(0, 5, "<?xml") != 0) xml_.insert(0, detail::kOnlineTop);
     WriteTrace("<OUTGOING>");
     WriteTrace(xml_);
     WriteTrace("</OUTGOING>");
@@ -115,7 +118,7 @@ std::string xmlBldr::Exchange(bool routeSubscriptions) {
 DomDocument xmlBldr::SendToQB() {
   std::string response = Exchange(true);
   if (CurrentSession().isOnline) RemoveOnlineDoctype(response);
-  DomDocument document = DomDocument::Load(response);
+  DomDocument document = DomDocument::Load(std::move(response));
 
   // The status of the first response: document child 1 (after the declaration), its first child
   // (the messages aggregate) and that one's first child. Anything missing or unreadable is skipped.

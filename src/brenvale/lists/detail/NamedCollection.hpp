@@ -1,7 +1,7 @@
 #pragma once
 // A collection of a flat simple list whose Add takes a name and the active flag.
 #include <memory>
-#include <string>
+#include <string_view>
 
 #include "brenvale/model/ListCollection.hpp"
 
@@ -12,9 +12,9 @@ class NamedCollection : public ListCollection<T> {
  public:
   using ListCollection<T>::ListCollection;
 
-  T& Add(std::string Name = {}, bool IsActive = true) {
+  T& Add(std::string_view Name = {}, bool IsActive = true) {
     auto record = std::make_shared<T>();
-    record->Name(std::move(Name));
+    record->Name(Name);
     record->IsActive(IsActive);
     return this->AddNew(std::move(record));
   }

@@ -15,6 +15,10 @@ inline constexpr std::string_view kTracedDoctypeVersions[16] = {
     "4.1", "5.0", "6.0", "7.0", "8.0", "9.0", "10.0", "11.0"};
 // The public identifier of the online edition's DOCTYPE, removed from online responses.
 inline constexpr std::string_view kOnlinePublicId = "-//INTUIT//DTD QBXML QBO 2.0//EN";
+// What an online request carries in front of its root, put in at send time.
+inline constexpr std::string_view kOnlineTop =
+    "<?xml version=\"1.0\" ?><!DOCTYPE QBXML PUBLIC \"-//INTUIT//DTD QBXML QBO 2.0//EN\" "
+    "\"http://apps.quickbooks.com/qbXML/qbxmlops20.dtd\">";
 
 inline constexpr std::string_view kMsgsRq = "QBXMLMsgsRq";
 inline constexpr std::string_view kSubscriptionMsgsRq = "QBXMLSubscriptionMsgsRq";

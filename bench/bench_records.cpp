@@ -1,0 +1,174 @@
+// What records cost: heap bytes per record (a job type; a customer-sized record of 60 fields with
+// 35 set), and reading the standard 10,000-customer response into a collection against a bare
+// pugixml walk of the same document, in time and in peak heap.
+//
+// The heap is counted by this program's own operator new/delete and pugixml's allocation hooks.
+#include <benchmark/benchmark.h>
+
+#include <cstdlib>
+#include <memory>
+#include <new>
+#include <pugixml.hpp>
+#include <string>
+#include <vector>
+
+#include "BenchSupport.hpp"
+#include "brenvale/Brenvale.hpp"
+#include "brenvale/qbxml/Session.hpp"
+#include "model/TestKinds.hpp"
+
+namespace {
+
+// --- counting the heap --------------------------------------------------------------------------
+
+std::size_t gLive = 0;
+std::size_t gPeak = 0;
+
+void* Counted(std::size_t n) {
+  auto* p = static_cast<std::size_t*>(std::malloc(n + 16));
+  if (!p) throw std::bad_alloc();
+  *p = n;
+  gLive += n;
+  if (gLive > gPeak) gPeak = gLive;
+  return reinterpret_cast<char*>(p) + 16;
+}
+
+void Uncounted(void* q) {
+  if (!q) return;
+  auto* p = reinterpret_cast<std::size_t*>(static_cast<char*>(q) - 16);
+  gLive -= *p;
+  std::free(p);
+}
+
+struct PugiHooks {
+  PugiHooks() { pugi::set_memory_management_functions(&Counted, &Uncounted); }
+} gPugiHooks;
+
+}  // namespace
+
+void* operator new(std::size_t n) { return Counted(n); }
+void operator delete(void* p) noexcept { Uncounted(p); }
+void operator delete(void* p, std::size_t) noexcept { Uncounted(p); }
+
+namespace {
+
+using namespace brenvale;
+constexpr int kCustomers = 10000;
+
+// The generator's 10,000-customer response.
+const std::string& CustomerResponse() {
+  static const std::string response = bench::GeneratedCustomers(kCustomers);
+  return response;
+}
+
+void Connect() {
+  Session& session = CurrentSession();
+  session.qbxmlVersion = "13.0";
+  session.qbXMLVersionNumber = VersionNumberOf("13.0");
+  session.country = "US";
+  session.processor = std::make_shared<bench::CannedProcessor>(&CustomerResponse);
+  session.ticket = "T";
+}
+
+// Live heap per record: `kPer` records of one element each, read and kept.
+template <class Record>
+void BytesPerRecord(benchmark::State& state, const std::string& element) {
+  DomDocument doc = DomDocument::Load(element);
+  constexpr int kPer = 2000;
+  for (auto _ : state) {
+    std::vector<std::shared_ptr<Record>> kept;
+    kept.reserve(kPer);
+    const std::size_t before = gLive;
+    for (int i = 0; i < kPer; ++i) {
+      auto r = std::make_shared<Record>();
+      r->ReadFrom(doc.DocumentElement());
+      kept.push_back(std::move(r));
+    }
+    state.counters["bytes_per_record"] = static_cast<double>(gLive - before) / kPer;
+  }
+}
+
+void BM_JobTypeBytes(benchmark::State& state) {
+  BytesPerRecord<JobType>(
+      state,
+      "<JobTypeRet><ListID>80000007-1712345678</ListID><TimeCreated>2024-03-01T10:00:00</TimeCreated>"
+      "<TimeModified>2024-03-02T11:30:15</TimeModified><EditSequence>1712345999</EditSequence><Name>Install</Name>"
+      "<FullName>Work:Install</FullName><IsActive>true</IsActive><ParentRef><ListID>80000001-1</ListID>"
+      "<FullName>Work</FullName></ParentRef><Sublevel>1</Sublevel></JobTypeRet>");
+}
+
+// A customer of the 60-field test kind with 35 fields set (an address of six parts among them).
+void BM_CustomerSizedBytes(benchmark::State& state) {
+  BytesPerRecord<testing::TestCustomer>(
+      state,
+      "<CustomerRet><ListID>80000001-1623712659</ListID><TimeCreated>2021-06-14T19:17:39-04:00</TimeCreated>"
+      "<TimeModified>2021-12-31T06:56:09-05:00</TimeModified><EditSequence>1640951769</EditSequence>"
+      "<Name>Jose's Boutique and Co 00001</Name><FullName>Jose's Boutique and Co 00001</FullName>"
+      "<IsActive>true</IsActive><ClassRef><ListID>80000004-1</ListID><FullName>East</FullName></ClassRef>"
+      "<Sublevel>0</Sublevel><CompanyName>Jose's Boutique and Co</CompanyName><Salutation>Mr.</Salutation>"
+      "<FirstName>Jose</FirstName><LastName>O'Neil</LastName><JobTitle>Owner</JobTitle>"
+      "<BillAddress><Addr1>Jose's Boutique</Addr1><Addr2>2530 Hill St</Addr2><City>Boston</City><State>MA</State>"
+      "<PostalCode>02108</PostalCode><Country>USA</Country></BillAddress><Phone>(677) 361-2583</Phone>"
+      "<AltPhone>(677) 361-2584</AltPhone><Fax>(677) 361-2585</Fax><Email>jose.oneil1@example.com</Email>"
+      "<Contact>Jose O'Neil</Contact><CustomerTypeRef><ListID>80000002-1</ListID><FullName>Retail</FullName>"
+      "</CustomerTypeRef><TermsRef><ListID>80000003-1</ListID><FullName>Net 30</FullName></TermsRef>"
+      "<SalesRepRef><ListID>80000005-1</ListID><FullName>PL</FullName></SalesRepRef><Balance>10743.18</Balance>"
+      "<TotalBalance>10743.18</TotalBalance><SalesTaxCodeRef><ListID>80000006-1</ListID><FullName>Tax</FullName>"
+      "</SalesTaxCodeRef><ResaleNumber>RS-2291</ResaleNumber><AccountNumber>A-10043</AccountNumber>"
+      "<CreditLimit>25000.00</CreditLimit><JobStatus>InProgress</JobStatus><JobStartDate>2024-02-01</JobStartDate>"
+      "<JobDesc>Spring refit</JobDesc><Notes>Prefers mornings</Notes><IsStatementWithParent>false"
+      "</IsStatementWithParent><DeliveryMethod>Email</DeliveryMethod><PreferredDeliveryMethod>Email"
+      "</PreferredDeliveryMethod><ExternalGUID>{0B2C3D4E-1111-2222-3333-444455556666}</ExternalGUID>"
+      "<IsUsingCustomerTaxCode>false</IsUsingCustomerTaxCode></CustomerRet>");
+}
+
+// The standard 10,000 customers read by a collection, and the peak heap of doing so.
+void BM_CustomersRead(benchmark::State& state) {
+  Connect();
+  CustomerResponse();
+  std::size_t peak = 0;
+  for (auto _ : state) {
+    gPeak = gLive;
+    const std::size_t base = gLive;
+    testing::TestCustomers customers;
+    if (customers.GetAll() != kCustomers) state.SkipWithError("the query read the wrong number of records");
+    benchmark::DoNotOptimize(customers.Item(std::size_t{1}).ListID());
+    peak = gPeak - base;
+  }
+  state.counters["peak_bytes"] = static_cast<double>(peak);
+  state.SetItemsProcessed(state.iterations() * kCustomers);
+  CurrentSession() = Session{};
+}
+
+// The floor: the response handed over, parsed once and every child of every Ret touched.
+void BM_CustomersBareWalk(benchmark::State& state) {
+  CustomerResponse();
+  std::size_t peak = 0;
+  for (auto _ : state) {
+    gPeak = gLive;
+    const std::size_t base = gLive;
+    const std::string text = CustomerResponse();
+    pugi::xml_document doc;
+    if (!doc.load_buffer(text.data(), text.size())) state.SkipWithError("parse failed");
+    std::size_t records = 0, bytes = 0;
+    for (pugi::xml_node ret :
+         doc.child("QBXML").child("QBXMLMsgsRs").child("CustomerQueryRs").children("CustomerRet")) {
+      ++records;
+      for (pugi::xml_node field : ret.children()) bytes += std::string_view(field.child_value()).size();
+    }
+    if (records != kCustomers) state.SkipWithError("the walk found the wrong number of records");
+    benchmark::DoNotOptimize(bytes);
+    peak = gPeak - base;
+  }
+  state.counters["peak_bytes"] = static_cast<double>(peak);
+  state.SetItemsProcessed(state.iterations() * kCustomers);
+}
+
+BENCHMARK(BM_JobTypeBytes)->Iterations(3);
+BENCHMARK(BM_CustomerSizedBytes)->Iterations(3);
+BENCHMARK(BM_CustomersRead)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_CustomersBareWalk)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();

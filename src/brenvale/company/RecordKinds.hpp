@@ -1,0 +1,35 @@
+#pragma once
+// The record kinds the library offers, in one place. The master collections, the library globals,
+// the umbrella header and the tool read this list: adding a kind is its include below and one line
+// in the list.
+#include "brenvale/lists/Classes.hpp"
+#include "brenvale/lists/CustomerMessages.hpp"
+#include "brenvale/lists/CustomerTypes.hpp"
+#include "brenvale/lists/JobTypes.hpp"
+#include "brenvale/lists/PaymentMethods.hpp"
+#include "brenvale/lists/PayrollItemNonWages.hpp"
+#include "brenvale/lists/PayrollItemWages.hpp"
+#include "brenvale/lists/SalesReps.hpp"
+#include "brenvale/lists/SalesTaxCodes.hpp"
+#include "brenvale/lists/ShipMethods.hpp"
+#include "brenvale/lists/TaxCodes.hpp"
+#include "brenvale/lists/Templates.hpp"
+#include "brenvale/lists/ToDoList.hpp"
+#include "brenvale/lists/VendorTypes.hpp"
+
+// X(collection class, record class), in the order the library globals offer them.
+#define BRENVALE_RECORD_KINDS(X)         \
+  X(SalesTaxCodes, SalesTaxCode)         \
+  X(PaymentMethods, PaymentMethod)       \
+  X(Classes, Class)                      \
+  X(CustomerTypes, CustomerType)         \
+  X(SalesReps, SalesRep)                 \
+  X(CustomerMessages, CustomerMessage)   \
+  X(ToDoList, ToDo)                      \
+  X(ShipMethods, ShipMethod)             \
+  X(JobTypes, JobType)                   \
+  X(VendorTypes, VendorType)             \
+  X(PayrollItemWages, PayrollItemWage)   \
+  X(Templates, Template)                 \
+  X(PayrollItemNonWages, PayrollItemNonWage) \
+  X(TaxCodes, TaxCode)

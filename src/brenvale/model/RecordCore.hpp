@@ -1,0 +1,176 @@
+#pragma once
+// The body every record shares, whatever its kind: values by declared field, the New/Clean/Dirty
+// state, Errors, reading from a response element, writing the body of an add or modify request,
+// the declared validation rules, a hook before every set, and the nested aggregates and child
+// lists it owns. The identities (ListRecord, TxnRecord, LineRecord) and the record classes build on
+// it; none of them reads, writes or validates a field by hand.
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "brenvale/core/Currency.hpp"
+#include "brenvale/core/Date.hpp"
+#include "brenvale/core/EnumTypes.hpp"
+#include "brenvale/core/Types.hpp"
+#include "brenvale/core/zkErrors.hpp"
+#include "brenvale/model/RecordDecl.hpp"
+#include "brenvale/model/ValueStore.hpp"
+#include "brenvale/model/zkListObjectRef.hpp"
+
+namespace brenvale {
+
+class DomNode;
+class xmlBldr;
+class ChildListBase;
+
+// A field's value, for code that walks the declaration (the tool, tests).
+using FieldValue = std::variant<std::monostate, std::string, bool, std::int64_t, Currency, double, Date,
+                                zkListObjectRef>;
+
+// The key a collection files a record under, as up to three pieces of text joined ("Top:Mid", ":",
+// "Sub"), so that a key is compared and hashed without being built.
+struct KeyParts {
+  std::string_view part[3]{};
+  std::size_t Size() const { return part[0].size() + part[1].size() + part[2].size(); }
+  bool Empty() const { return Size() == 0; }
+  std::string Joined() const { return std::string(part[0]).append(part[1]).append(part[2]); }
+};
+
+class RecordCore {
+ public:
+  explicit RecordCore(const RecordDecl& decl) noexcept : decl_(&decl) {}
+  virtual ~RecordCore();
+  RecordCore(const RecordCore&) = delete;
+  RecordCore& operator=(const RecordCore&) = delete;
+
+  const RecordDecl& Decl() const { return *decl_; }
+  // The class label of the record's errors ("JobType").
+  std::string_view Label() const { return decl_->label; }
+  zqEnumObjectState ObjectState() const { return state_; }
+  // The record's error list, created on first use.
+  zkErrors& Errors();
+  const zkErrors& Errors() const;
+  // The client's own slot.
+  Variant& UserData();
+
+  // --- reading, writing, validating: every kind through its declaration ---------------------------
+  // Fills the record from its response element; the record is Clean afterwards. Elements the
+  // declaration does not name go to the trace hook as "Unknown Field: " and their name.
+  void ReadFrom(const DomNode& element);
+  // Writes the elements of the context's form (Add, Mod, Ret), in the declared order.
+  void WriteBody(xmlBldr& b, const WriteContext& context) const;
+  // The elements a record writes before its body in a Mod (ListID and EditSequence, TxnLineID).
+  virtual void WriteLead(xmlBldr& b, const WriteContext& context) const;
+  // Runs the declared rules in order (a Clean record passes untested); returns whether none failed.
+  bool Validate();
+  bool Validate(ValidateContext& context);
+  // Runs the rules whatever the record's state: the checks of a nested record, run by its owner.
+  bool ValidateValues(ValidateContext& context);
+  // The names the rules will look up, for a batch to fetch them at once before validating.
+  template <class F>
+  void ForEachReference(F&& visit) const;
+
+  // --- generic access by field, for code that walks the declaration -----------------------------
+  bool Has(FieldId id) const { return values_.Has(id); }
+  // Whether the record holds any value (an aggregate holding none is not written).
+  bool HoldsAnyValue() const { return !values_.Slots().empty(); }
+  FieldValue Value(FieldId id) const;
+  // The value as qbXML writes it; empty when unset.
+  std::string ValueText(FieldId id) const;
+  // Sets a field from qbXML-style text, through the setter rules (1002; 1008 for an unknown
+  // enumeration text).
+  void SetFromText(FieldId id, std::string_view text);
+  // The nested record of an aggregate field (created on first use) and the list of a children field.
+  RecordCore& Nested(FieldId id);
+  const RecordCore* FindNested(FieldId id) const;
+  ChildListBase& ChildrenOf(FieldId id);
+  const ChildListBase* FindChildren(FieldId id) const;
+
+  // The key a collection files the record under; empty: the record is held without a key.
+  virtual KeyParts CollectionKeyParts() const { return {}; }
+  // The record that owns this one (an aggregate's, a line's owner); null for a record of its own.
+  RecordCore* Owner() const { return owner_; }
+  // Called once a child record joins its owner's list.
+  virtual void AttachTo(RecordCore& /*owner*/) {}
+  // Room for the values of a record like the one just read: fills the next one without growing.
+  std::size_t SlotCount() const { return values_.Slots().size(); }
+  std::size_t TextBytes() const { return values_.TextSize(); }
+  void ReserveValues(std::size_t slots, std::size_t text) { values_.Reserve(slots, text); }
+
+ protected:
+  // --- typed access for the record classes' accessors --------------------------------------------
+  std::string_view TextView(FieldId id) const;
+  std::string Text(FieldId id) const { return std::string(TextView(id)); }
+  // A flag; while unset, its declared default (else `fallback`).
+  bool Bool(FieldId id, bool fallback = false) const;
+  std::int64_t Int(FieldId id) const;
+  Currency Amount(FieldId id) const;
+  double Number(FieldId id) const;
+  Date DateValue(FieldId id) const;
+  Integer EnumCode(FieldId id) const;
+  zkListObjectRef Ref(FieldId id) const;
+  std::string_view RefFullName(FieldId id) const;
+  std::string_view RefListID(FieldId id) const;
+
+  // Setters: the hook first (1002 for a field fixed after creation, a line's guards), then the value;
+  // setting one field of a choice clears the others.
+  void SetText(FieldId id, std::string_view value);
+  void SetBool(FieldId id, bool value);
+  void SetInt(FieldId id, std::int64_t value);
+  void SetAmount(FieldId id, Currency value);
+  void SetNumber(FieldId id, double value);
+  void SetDate(FieldId id, Date value);
+  // An enumeration code; one the catalogue lacks raises 1007.
+  void SetEnum(FieldId id, Integer code);
+  // A reference set by full name (its ListID is dropped), or whole.
+  void SetRefName(FieldId id, std::string_view fullName);
+  void SetRef(FieldId id, const zkListObjectRef& ref);
+  // Takes a field out of the record, through the setter rules.
+  void Unset(FieldId id);
+
+  // The hook run before every set; the default is the state rule.
+  virtual void BeforeSet(FieldId id);
+  // The state rule of every setter: New stays New; otherwise Dirty, or 1002 for a field fixed after
+  // the record was added (the record stays as it was). A change of a nested record is a change of
+  // its owner too: the owner's modify request carries it.
+  void MarkChanged(bool fixedAfterAdd);
+  void SetState(zqEnumObjectState state) { state_ = state; }
+  // Elements the declaration does not cover; true when taken.
+  virtual bool ReadOwn(std::string_view /*name*/, const DomNode& /*node*/) { return false; }
+  // The list a reference without a list of its own points into (a parent's): the record's list.
+  virtual zqEnumListType OwnList() const { return zqListTypeNone; }
+
+ private:
+  bool ReadField(FieldId id, const DomNode& node);
+  void WriteField(xmlBldr& b, FieldId id, const WriteContext& context) const;
+  bool RuleFails(const Rule& rule, ValidateContext& context, int& code);
+  void AfterSet(FieldId id);
+  bool IsEmptyValue(FieldId id) const;
+
+  friend class ChildListBase;
+
+  const RecordDecl* decl_;
+  RecordCore* owner_ = nullptr;
+  ValueStore values_;
+  zqEnumObjectState state_ = zqObjectStateNew;
+  std::unique_ptr<zkErrors> errors_;
+  std::unique_ptr<Variant> userData_;
+};
+
+template <class F>
+void RecordCore::ForEachReference(F&& visit) const {
+  for (const Rule& r : decl_->rules) {
+    if (r.kind != RuleKind::Exists) continue;
+    const std::string_view name = RefFullName(r.field);
+    if (name.empty()) continue;
+    visit(r.list != zqListTypeNone ? r.list : OwnList(), name);
+  }
+}
+
+// Length in characters of UTF-8 text.
+std::size_t TextLength(std::string_view utf8);
+
+}  // namespace brenvale

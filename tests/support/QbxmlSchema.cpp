@@ -1,0 +1,195 @@
+#include "support/QbxmlSchema.hpp"
+
+#include <gtest/gtest.h>
+#include <libxml/parser.h>
+#include <libxml/tree.h>
+#include <libxml/xmlschemas.h>
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <mutex>
+
+namespace brenvale::testing {
+namespace {
+
+std::mutex gLock;
+
+std::string Attr(xmlNode* n, const char* name) {
+  xmlChar* v = xmlGetProp(n, reinterpret_cast<const xmlChar*>(name));
+  if (!v) return {};
+  std::string out(reinterpret_cast<const char*>(v));
+  xmlFree(v);
+  return out;
+}
+
+std::string LocalName(xmlNode* n) { return n->name ? reinterpret_cast<const char*>(n->name) : ""; }
+
+// The compiled schema, loaded once.
+struct Compiled {
+  xmlSchemaPtr schema = nullptr;
+  std::string problem;
+  Compiled() {
+    const std::string dir = SchemaDir();
+    if (dir.empty()) return;
+    const std::string entry = dir + "/qbxmlops130.xsd";
+    xmlSchemaParserCtxtPtr parser = xmlSchemaNewParserCtxt(entry.c_str());
+    schema = parser ? xmlSchemaParse(parser) : nullptr;
+    if (parser) xmlSchemaFreeParserCtxt(parser);
+    if (!schema) problem = "the schema at " + entry + " does not load";
+  }
+  ~Compiled() {
+    if (schema) xmlSchemaFree(schema);
+  }
+  Compiled(const Compiled&) = delete;
+  Compiled& operator=(const Compiled&) = delete;
+};
+
+Compiled& Schema() {
+  static Compiled compiled;
+  return compiled;
+}
+
+void CollectProblem(void* into, xmlErrorPtr error) {
+  auto* out = static_cast<std::string*>(into);
+  if (!error || !error->message) return;
+  *out += "line " + std::to_string(error->line) + ": " + error->message;
+}
+
+// The schema files parsed as plain XML: every top-level element, group and complex type by name.
+struct Declarations {
+  std::vector<xmlDocPtr> docs;
+  std::map<std::string, xmlNode*> elements, groups, types;
+  Declarations() {
+    const std::string dir = SchemaDir();
+    if (dir.empty()) return;
+    for (const char* file : {"qbxml130.xsd", "qbxmltypes130.xsd", "qbxmlso130.xsd", "qbxmlops130.xsd"}) {
+      xmlDocPtr doc = xmlReadFile((dir + "/" + file).c_str(), nullptr, XML_PARSE_NONET);
+      if (!doc) continue;
+      docs.push_back(doc);
+      for (xmlNode* n = xmlDocGetRootElement(doc)->children; n; n = n->next) {
+        if (n->type != XML_ELEMENT_NODE) continue;
+        const std::string kind = LocalName(n), name = Attr(n, "name");
+        if (kind == "element") elements[name] = n;
+        if (kind == "group") groups[name] = n;
+        if (kind == "complexType") types[name] = n;
+      }
+    }
+  }
+  ~Declarations() {
+    for (xmlDocPtr doc : docs) xmlFreeDoc(doc);
+  }
+  Declarations(const Declarations&) = delete;
+  Declarations& operator=(const Declarations&) = delete;
+  // The children of a declaration node, flattened.
+  void Flatten(xmlNode* node, std::vector<std::string>& out) const {
+    for (xmlNode* c = node->children; c; c = c->next) {
+      if (c->type != XML_ELEMENT_NODE) continue;
+      const std::string kind = LocalName(c);
+      if (kind == "element") {
+        out.push_back(Attr(c, "ref").empty() ? Attr(c, "name") : Attr(c, "ref"));
+      } else if (kind == "group") {
+        auto g = groups.find(Attr(c, "ref"));
+        if (g != groups.end()) Flatten(g->second, out);
+      } else if (kind == "extension") {
+        auto base = types.find(Attr(c, "base"));
+        if (base != types.end()) Flatten(base->second, out);
+        Flatten(c, out);
+      } else if (kind == "sequence" || kind == "choice" || kind == "all" || kind == "complexType" ||
+                 kind == "complexContent") {
+        Flatten(c, out);
+      }
+    }
+  }
+  // The body of an element declaration: its inline type, or its named type.
+  std::vector<std::string> ChildrenOf(xmlNode* element) const {
+    std::vector<std::string> out;
+    auto type = types.find(Attr(element, "type"));
+    if (type != types.end())
+      Flatten(type->second, out);
+    else
+      Flatten(element, out);
+    return out;
+  }
+  // A local element declaration named `name` anywhere under `node`.
+  xmlNode* Local(xmlNode* node, const std::string& name) const {
+    for (xmlNode* c = node->children; c; c = c->next) {
+      if (c->type != XML_ELEMENT_NODE) continue;
+      if (LocalName(c) == "element" && Attr(c, "name") == name) return c;
+      if (LocalName(c) == "group") {
+        auto g = groups.find(Attr(c, "ref"));
+        if (g != groups.end())
+          if (xmlNode* found = Local(g->second, name)) return found;
+      }
+      if (xmlNode* found = Local(c, name)) return found;
+    }
+    return nullptr;
+  }
+};
+
+const Declarations& Decls() {
+  static Declarations decls;
+  return decls;
+}
+
+}  // namespace
+
+std::string SchemaDir() {
+#ifdef BRENVALE_SCHEMA_DIR
+  std::error_code ec;
+  if (std::filesystem::exists(std::string(BRENVALE_SCHEMA_DIR) + "/qbxmlops130.xsd", ec)) return BRENVALE_SCHEMA_DIR;
+#endif
+  return {};
+}
+
+bool SchemaOrSkip(const std::string& what) {
+  if (!SchemaDir().empty()) return true;
+  [&what]() { GTEST_SKIP() << "no qbXML schema beside the checkout: " << what << " not checked against it"; }();
+  return false;
+}
+
+std::string SchemaProblems(const std::string& document) {
+  std::lock_guard<std::mutex> lock(gLock);
+  Compiled& compiled = Schema();
+  if (!compiled.schema) return compiled.problem.empty() ? "no qbXML schema" : compiled.problem;
+  // The DOCTYPE goes: the desktop form (a public identifier alone) is not well-formed XML.
+  std::string text = document;
+  const std::size_t doctype = text.find("<!DOCTYPE");
+  if (doctype != std::string::npos) {
+    std::size_t end = text.find('>', doctype);
+    if (end != std::string::npos) text.erase(doctype, end + 1 - doctype);
+  }
+  std::string problems;
+  xmlDocPtr doc = xmlReadMemory(text.data(), static_cast<int>(text.size()), "request.xml", nullptr, XML_PARSE_NONET);
+  if (!doc) return "not well-formed XML";
+  xmlSchemaValidCtxtPtr valid = xmlSchemaNewValidCtxt(compiled.schema);
+  xmlSchemaSetValidStructuredErrors(valid, &CollectProblem, &problems);
+  const int result = xmlSchemaValidateDoc(valid, doc);
+  xmlSchemaFreeValidCtxt(valid);
+  xmlFreeDoc(doc);
+  if (result != 0 && problems.empty()) problems = "invalid (libxml2 code " + std::to_string(result) + ")";
+  return problems;
+}
+
+std::vector<std::string> SchemaChildren(const std::string& element) {
+  std::lock_guard<std::mutex> lock(gLock);
+  const Declarations& d = Decls();
+  auto e = d.elements.find(element);
+  if (e == d.elements.end()) return {};
+  return d.ChildrenOf(e->second);
+}
+
+std::vector<std::string> SchemaChildren(const std::string& parent, const std::string& element) {
+  std::lock_guard<std::mutex> lock(gLock);
+  const Declarations& d = Decls();
+  auto p = d.elements.find(parent);
+  if (p == d.elements.end()) return {};
+  xmlNode* scope = p->second;
+  auto type = d.types.find(Attr(scope, "type"));
+  if (type != d.types.end()) scope = type->second;
+  if (xmlNode* local = d.Local(scope, element)) return d.ChildrenOf(local);
+  auto global = d.elements.find(element);
+  return global == d.elements.end() ? std::vector<std::string>{} : d.ChildrenOf(global->second);
+}
+
+}  // namespace brenvale::testing

@@ -223,4 +223,11 @@ class EngineTest : public TempFolderTest {
 
 inline std::string Text(pugi::xml_node n, const char* path) { return n.first_element_by_path(path).text().get(); }
 
+// The text of `path` in every Ret element of a response, in order.
+inline std::vector<std::string> RetTexts(const Status& s, const char* path = "FullName") {
+  std::vector<std::string> out;
+  for (auto ret : s.node.children()) out.push_back(Text(ret, path));
+  return out;
+}
+
 }  // namespace rqptest

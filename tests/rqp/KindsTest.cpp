@@ -31,11 +31,7 @@ std::string Whole(pugi::xml_node n) {
 }
 
 // The ListIDs a query answered.
-std::vector<std::string> Ids(const Status& s) {
-  std::vector<std::string> out;
-  for (auto ret : s.node.children()) out.push_back(ret.child("ListID").text().get());
-  return out;
-}
+std::vector<std::string> Ids(const Status& s) { return RetTexts(s, "ListID"); }
 
 // Request bodies that find a record and bodies that must leave it out, for one query filter.
 struct Probes {

@@ -45,11 +45,6 @@ class LedgerTest : public EngineTest {
                 "p.date FROM postings p JOIN records a ON a.list_id = p.account LEFT JOIN records e ON e.list_id = p.entity "
                 "LEFT JOIN records i ON i.list_id = p.item ORDER BY p.id");
   }
-  std::vector<std::string> Names(const Status& s) {
-    std::vector<std::string> out;
-    for (auto r : s.node.children()) out.push_back(Text(r, "FullName"));
-    return out;
-  }
 };
 
 TEST_F(LedgerTest, CustomerOpeningBalancesAreOwedOnReceivablesAndRollUpThroughJobs) {
@@ -75,7 +70,7 @@ TEST_F(LedgerTest, CustomerOpeningBalancesAreOwedOnReceivablesAndRollUpThroughJo
   EXPECT_EQ(postings[2].substr(0, postings[2].rfind('|')), "Accounts Receivable|2550000||Acme:Roof");
 
   auto over = [&](const char* op, const char* amount) {
-    return Names(One(std::string("<CustomerQueryRq><TotalBalanceFilter><Operator>") + op + "</Operator><Amount>" +
+    return RetTexts(One(std::string("<CustomerQueryRq><TotalBalanceFilter><Operator>") + op + "</Operator><Amount>" +
                      amount + "</Amount></TotalBalanceFilter></CustomerQueryRq>"));
   };
   EXPECT_EQ(over("GreaterThan", "100"), std::vector<std::string>{"Acme"});

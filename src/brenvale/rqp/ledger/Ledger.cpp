@@ -23,11 +23,13 @@ std::string SqlList(const std::string_view (&list)[N]) {
   return out + ")";
 }
 
-// The ListIDs of the row's record and, when asked, of every record below it.
+// The ListIDs of the row's record and, when asked, of every record below it: those of its name group
+// whose name key is its own or starts with its own and the hierarchy separator (the name key ranks
+// ':' as \x01, below every other character), one range of the name index.
 std::string Self(bool withSubRecords) {
   if (!withSubRecords) return "(records.list_id)";
-  return "(WITH RECURSIVE sub(id) AS (SELECT records.list_id UNION ALL SELECT c.list_id FROM records c "
-         "JOIN sub ON c.parent_id = sub.id AND c.parent_id <> '') SELECT id FROM sub)";
+  return "(SELECT c.list_id FROM records c WHERE c.name_group = records.name_group AND c.name_key <> '' "
+         "AND c.name_key >= records.name_key AND c.name_key < records.name_key || char(2))";
 }
 
 }  // namespace
@@ -95,10 +97,11 @@ bool CreditNormal(std::string_view accountType) { return In(kCreditTypes, accoun
 bool CarriesBalance(std::string_view accountType) { return !In(kNoBalanceTypes, accountType); }
 
 std::string EntityBalanceSql(std::string_view accountType, bool withSubRecords) {
+  // Postings are few per entity: each is checked for its account's type.
   std::string sum =
       "(SELECT coalesce(sum(p.amount), 0) FROM postings p WHERE p.entity IN " + Self(withSubRecords) +
-      " AND p.account IN (SELECT a.list_id FROM record_values t JOIN records a ON a.id = t.record "
-      "WHERE t.field = 'AccountType' AND t.value = '" + std::string(accountType) + "'))";
+      " AND EXISTS (SELECT 1 FROM records a JOIN record_values t ON t.record = a.id WHERE a.list_id = p.account "
+      "AND t.field = 'AccountType' AND t.value = '" + std::string(accountType) + "'))";
   return CreditNormal(accountType) ? "(-" + sum + ")" : sum;
 }
 

@@ -434,8 +434,8 @@ std::vector<ListKind> BuildListKinds() {
     if (row.flags & kMod) k.mod = ds.Named(k.modName);
     k.deletable = row.flags & kDel;
     k.hierarchical = k.ret->Child("ParentRef") && k.ret->Child("Sublevel");
-    for (auto& c : k.computed) k.computedSelect += (k.computedSelect.empty() ? "SELECT " : ", ") + c.sql;
-    if (!k.computedSelect.empty()) k.computedSelect += " FROM records WHERE id=?";
+    for (auto& c : k.computed) k.computedSelect += (k.computedSelect.empty() ? "SELECT id, " : ", ") + c.sql;
+    if (!k.computedSelect.empty()) k.computedSelect += " FROM records WHERE id IN (SELECT value FROM json_each(?))";
     kinds.push_back(std::move(k));
   }
   return kinds;

@@ -76,7 +76,8 @@ struct ListKind {
   const Decl* mod = nullptr;   // the XMod body, when QuickBooks has XModRq
   bool deletable = false;      // a ListDelType value
   bool hierarchical = false;   // has ParentRef and Sublevel
-  std::string computedSelect;  // "SELECT <computed...> FROM records WHERE id=?"; empty without any
+  std::string computedSelect;  // "SELECT id, <computed...> FROM records WHERE id IN <a JSON array>"; empty
+                               // without any
 
   int GroupCode() const { return group == NameGroup::Own ? 100 + code : static_cast<int>(group); }
   // The SQL of a computed element; nullptr when the kind does not compute it.

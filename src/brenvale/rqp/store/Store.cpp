@@ -1,5 +1,7 @@
 #include "brenvale/rqp/store/Store.hpp"
 
+#include <unordered_map>
+
 namespace brenvale::rqp::detail {
 Store::Store(const std::string& path) : db_(path, false) {
   try {
@@ -77,6 +79,25 @@ std::optional<Record> Store::ByRowId(std::int64_t rowId) {
   auto& s = db_.Prepare(std::string("SELECT ") + kRecordColumns + " FROM records WHERE id=?");
   s.Bind(1, rowId);
   return One(s);
+}
+
+std::vector<Record> Store::ByRowIds(const std::vector<std::int64_t>& rowIds) {
+  std::string ids = "[";
+  for (auto id : rowIds) ids += (ids.size() > 1 ? "," : "") + std::to_string(id);
+  auto& s = db_.Prepare(std::string("SELECT ") + kRecordColumns +
+                        " FROM records WHERE id IN (SELECT value FROM json_each(?))");
+  s.Bind(1, ids + "]");
+  std::unordered_map<std::int64_t, Record> found;
+  while (s.Step()) {
+    Record r = Read(s);
+    found.emplace(r.rowId, std::move(r));
+  }
+  s.Reset();
+  std::vector<Record> out;
+  out.reserve(rowIds.size());
+  for (auto id : rowIds)
+    if (auto it = found.find(id); it != found.end()) out.push_back(std::move(it->second));
+  return out;
 }
 
 std::optional<Record> Store::ByName(int nameGroup, std::string_view nameKey) {

@@ -91,6 +91,8 @@ class Store {
 
   std::optional<Record> ById(std::string_view listId);
   std::optional<Record> ByRowId(std::int64_t rowId);
+  // The records of `rowIds` in that order (those no longer there left out), read by one statement.
+  std::vector<Record> ByRowIds(const std::vector<std::int64_t>& rowIds);
   std::optional<Record> ByName(int nameGroup, std::string_view nameKey);
   std::vector<Record> Children(std::string_view parentId);
   // Every record's row id, in storage order (for rebuilding index rows).

@@ -361,52 +361,53 @@ void RecordCore::WriteField(xmlBldr& b, FieldId id, const WriteContext& context)
   // A modify request clears a field the caller emptied by writing it empty.
   const bool empty = IsEmptyValue(id);
   const bool clear = empty && context.form == Form::Mod && (s->flags & kChanged);
+  const std::string_view tag = f.TagIn(context);
   switch (f.kind) {
-    case ValueKind::Text: b.CreateElement2(f.tag, values_.Text(*s), clear, Currency()); return;
+    case ValueKind::Text: b.CreateElement2(tag, values_.Text(*s), clear, Currency()); return;
     case ValueKind::Date:
     case ValueKind::DateTime:
       if (empty) {
-        if (clear) b.CreateElement(f.tag, "");
+        if (clear) b.CreateElement(tag, "");
         return;
       }
-      b.CreateElement(f.tag, f.kind == ValueKind::Date ? DateToText(DateValue(id))
+      b.CreateElement(tag, f.kind == ValueKind::Date ? DateToText(DateValue(id))
                                                       : DateTimeToText(DateValue(id), context.versionNumber));
       return;
     case ValueKind::Ref: {
       if (empty && !clear) return;
-      b.OpenAggregateOnly(f.tag);
+      b.OpenAggregateOnly(tag);
       const std::string_view fullName = values_.Second(*s);
       if (!fullName.empty() || empty)
         b.CreateElement("FullName", fullName);
       else
         b.CreateElement("ListID", values_.First(*s));
-      b.EndAggregate(f.tag);
+      b.EndAggregate(tag);
       return;
     }
     case ValueKind::Aggregate: {
       const RecordCore* nested = FindNested(id);
       if (!nested || !nested->HoldsAnyValue()) return;
-      const std::string_view tag = context.form == Form::Mod && !f.modTag.empty() ? f.modTag : f.tag;
-      b.OpenAggregateOnly(tag);
+      const std::string_view aggregate = context.form == Form::Mod && !f.modTag.empty() ? f.modTag : f.tag;
+      b.OpenAggregateOnly(aggregate);
       nested->WriteBody(b, context);
-      b.EndAggregate(tag);
+      b.EndAggregate(aggregate);
       return;
     }
     case ValueKind::Children: {
       const ChildListBase* list = FindChildren(id);
       if (!list) return;
       const RecordDecl& form = list->Form();
-      const std::string_view tag = context.form == Form::Add ? form.addTag : context.form == Form::Mod ? form.modTag : f.tag;
-      if (tag.empty()) return;  // a list QuickBooks only reports
+      const std::string_view each = context.form == Form::Add ? form.addTag : context.form == Form::Mod ? form.modTag : f.tag;
+      if (each.empty()) return;  // a list QuickBooks only reports
       for (const auto& child : *list) {
-        b.OpenAggregateOnly(tag);
+        b.OpenAggregateOnly(each);
         child->WriteLead(b, context);
         child->WriteBody(b, context);
-        b.EndAggregate(tag);
+        b.EndAggregate(each);
       }
       return;
     }
-    default: b.CreateElement(f.tag, ValueText(id)); return;
+    default: b.CreateElement(tag, ValueText(id)); return;
   }
 }
 
@@ -432,12 +433,28 @@ bool RecordCore::ValidateValues(ValidateContext& context) {
       r.check(*this, errors, context);
       continue;
     }
+    if (r.kind == RuleKind::Nested) {
+      ValidateNested(r, errors, context);
+      continue;
+    }
     int code = r.code;
     if (!RuleFails(r, context, code)) continue;
     errors.AddCode(code, std::string(r.label), r.message);
     if (r.field != kNoField) failed.set(r.field);
   }
   return errors.Count() == 0;
+}
+
+void RecordCore::ValidateNested(const Rule& r, zkErrors& errors, ValidateContext& context) {
+  const RecordCore* held = FindNested(r.field);
+  if (!held) return;
+  RecordCore& nested = const_cast<RecordCore&>(*held);
+  if (nested.ValidateValues(context)) return;
+  if (r.code != 0) {
+    errors.AddCode(r.code, std::string(r.label), r.message);
+    return;
+  }
+  for (const zkError& e : nested.Errors()) errors.Add(e.Number(), std::string(r.label), e.Description());
 }
 
 bool RecordCore::RuleFails(const Rule& r, ValidateContext& context, int& code) {
@@ -477,6 +494,7 @@ bool RecordCore::RuleFails(const Rule& r, ValidateContext& context, int& code) {
       }
       return false;
     }
+    case RuleKind::Nested:
     case RuleKind::Own: break;
   }
   return false;

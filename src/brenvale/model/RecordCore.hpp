@@ -151,6 +151,7 @@ class RecordCore {
   bool ReadField(FieldId id, const DomNode& node);
   void WriteField(xmlBldr& b, FieldId id, const WriteContext& context) const;
   bool RuleFails(const Rule& rule, ValidateContext& context, int& code);
+  void ValidateNested(const Rule& rule, zkErrors& errors, ValidateContext& context);
   void AfterSet(FieldId id);
   bool IsEmptyValue(FieldId id) const;
 

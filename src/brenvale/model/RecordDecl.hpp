@@ -40,6 +40,7 @@ enum class RuleKind : std::uint8_t {
   NotEmpty,   // an empty value fails
   MaxLength,  // a value of limit+1 characters or more fails
   Exists,     // the record a reference names must exist (in a master collection or in QuickBooks)
+  Nested,     // a nested record must pass its own rules
   Own,        // the record's own check
 };
 
@@ -186,6 +187,12 @@ struct FieldTable {
     const ValueKind k = f.kind;
     if (k != ValueKind::Text && k != ValueKind::Ref) throw "a length limit is for texts and references";
     return Rule{.kind = RuleKind::MaxLength, .field = IndexOf(f), .limit = limit, .code = code, .label = label};
+  }
+  // A nested record (an address, a price block) must pass its own rules. Its entries are reported
+  // with `label` as their field; with a `code`, one entry of that code stands for all of them.
+  consteval Rule Valid(const FieldDef& f, std::string_view label, int code = 0) const {
+    if (f.kind != ValueKind::Aggregate) throw "only a nested record has rules of its own";
+    return Rule{.kind = RuleKind::Nested, .field = IndexOf(f), .code = code, .label = label};
   }
   // The record a reference names must exist in its list.
   consteval Rule Exists(const FieldDef& f, int code, std::string_view label) const {

@@ -5,13 +5,18 @@
 namespace brenvale::detail {
 
 ReadTable::ReadTable(const RecordDecl& decl) : decl_(&decl) {
-  for (FieldId id : decl.read) {
-    const std::string_view tag = decl.Field(id).tag;
+  auto add = [&](std::string_view tag, FieldId id) {
     entries_.push_back(Entry{tag.data(), static_cast<std::uint32_t>(tag.size()), id});
     lengths_ |= std::uint64_t{1} << (tag.size() & 63);
     const auto first = static_cast<unsigned char>(tag.front());
     firsts_[first >> 6] |= std::uint64_t{1} << (first & 63);
-  }
+  };
+  for (FieldId id : decl.read) add(decl.Field(id).tag, id);
+  // A field other versions name otherwise is read under each name; those come last, so that a
+  // record read in the declared order finds each element where it looks first.
+  for (FieldId id : decl.read)
+    if (const FieldTags* tags = decl.Field(id).tags)
+      for (std::string_view other : tags->also) add(other, id);
 }
 
 const ReadTable& ReadTable::Of(const RecordDecl& decl) {

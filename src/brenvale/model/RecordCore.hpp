@@ -88,6 +88,8 @@ class RecordCore {
   const RecordCore* FindNested(FieldId id) const;
   ChildListBase& ChildrenOf(FieldId id);
   const ChildListBase* FindChildren(FieldId id) const;
+  // The i-th (from 0) record an aggregate or a list of child records holds, or null past the last.
+  const RecordCore* NestedAt(FieldId id, std::size_t i) const;
 
   // The key a collection files the record under; empty: the record is held without a key.
   virtual KeyParts CollectionKeyParts() const { return {}; }
@@ -128,7 +130,7 @@ class RecordCore {
   // A reference set by full name (its ListID is dropped), or whole.
   void SetRefName(FieldId id, std::string_view fullName);
   void SetRef(FieldId id, const zkListObjectRef& ref);
-  // Takes a field out of the record, through the setter rules.
+  // Takes a field out of the record, through the setter rules (a nested record or list goes with it).
   void Unset(FieldId id);
 
   // The hook run before every set; the default is the state rule.
@@ -148,6 +150,10 @@ class RecordCore {
   void WriteField(xmlBldr& b, FieldId id, const WriteContext& context) const;
   bool RuleFails(const Rule& rule, ValidateContext& context, int& code);
   void AfterSet(FieldId id);
+  // Takes a value out, freeing a nested record or list the field owns.
+  void EraseValue(FieldId id);
+  // Whether a field other than `id` of its choice holds a value; its id in `other`.
+  bool ChoiceTaken(FieldId id, FieldId& other) const;
   bool IsEmptyValue(FieldId id) const;
 
   friend class ChildListBase;
@@ -163,6 +169,10 @@ class RecordCore {
 template <class F>
 void RecordCore::ForEachReference(F&& visit) const {
   for (const Rule& r : decl_->rules) {
+    if (r.kind == RuleKind::Nested) {
+      for (std::size_t i = 0; const RecordCore* nested = NestedAt(r.field, i); ++i) nested->ForEachReference(visit);
+      continue;
+    }
     if (r.kind != RuleKind::Exists) continue;
     const std::string_view name = RefFullName(r.field);
     if (name.empty()) continue;

@@ -7,6 +7,8 @@
 #include "brenvale/model/ChildList.hpp"
 #include "brenvale/model/RecordCore.hpp"
 #include "brenvale/model/RefCache.hpp"
+#include "brenvale/model/detail/ReadTable.hpp"
+#include "model/TestKinds.hpp"
 #include "model/ModelTestSupport.hpp"
 
 namespace brenvale::testing {
@@ -179,6 +181,32 @@ TEST_F(NestedRecords, AnEmptiedListIsClearedInAModifyAndOnlyThere) {
   Owner none;  // a record that never held the list says nothing of it
   none.Name("Kit");
   EXPECT_EQ(Body(none, Form::Mod), "<Name>Kit</Name>");
+}
+
+// Reading a record holds its kind's table while its blocks and lines are read with theirs, however
+// many other kinds were read before: a table once made is the same table for the life of the thread.
+TEST_F(NestedRecords, ARecordIsReadWholeAfterManyOtherKinds) {
+  const std::string ret =
+      "<OwnerRet><Name>Kit</Name><SalesOrPurchase><Desc>Box</Desc></SalesOrPurchase><ItemGroupLine><ItemRef>"
+      "<FullName>Nails</FullName></ItemRef></ItemGroupLine><ItemGroupLine><ItemRef><FullName>Glue</FullName>"
+      "</ItemRef></ItemGroupLine></OwnerRet>";
+  const RecordDecl* others[] = {&TestCustomer::Declaration(), &TestItem::Declaration(), &TestOtherItem::Declaration(),
+                                &TestInvoice::Declaration(),  &TestBill::Declaration(), &TestPriceBlock::Declaration(),
+                                &TestItemLine::SalesForm(),   &TestItemLine::PurchaseForm(),
+                                &TestItemLine::GroupMemberForm()};
+  const detail::ReadTable* table = &detail::ReadTable::Of(kOwnerDecl);
+  for (const RecordDecl* other : others) {
+    SCOPED_TRACE(std::string(other->label));
+    for (const RecordDecl* d : others)
+      if (d != other) detail::ReadTable::Of(*d);
+    Owner o;
+    o.ReadFrom(Parse(ret).DocumentElement());
+    EXPECT_EQ(Body(o, Form::Add),
+              "<Name>Kit</Name><SalesOrPurchase><Desc>Box</Desc></SalesOrPurchase><ItemGroupLine><ItemRef>"
+              "<FullName>Nails</FullName></ItemRef></ItemGroupLine><ItemGroupLine><ItemRef><FullName>Glue</FullName>"
+              "</ItemRef></ItemGroupLine>");
+    EXPECT_EQ(&detail::ReadTable::Of(kOwnerDecl), table);
+  }
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "brenvale/model/detail/ReadTable.hpp"
 
 #include <memory>
+#include <unordered_map>
 
 namespace brenvale::detail {
 
@@ -15,15 +16,18 @@ ReadTable::ReadTable(const RecordDecl& decl) : decl_(&decl) {
 }
 
 const ReadTable& ReadTable::Of(const RecordDecl& decl) {
-  // A few declarations are read at a time (a kind, its addresses, its lines): a small cache serves.
-  thread_local std::array<std::unique_ptr<ReadTable>, 8> cache;
+  // A table lives as long as the thread: a record being read holds its kind's table while its nested
+  // records and lines are read with theirs. The few declarations read last are found without a hash.
+  thread_local std::unordered_map<const RecordDecl*, std::unique_ptr<ReadTable>> tables;
+  thread_local std::array<const ReadTable*, 8> recent{};
   thread_local std::size_t next = 0;
-  for (const auto& t : cache)
+  for (const ReadTable* t : recent)
     if (t && t->decl_ == &decl) return *t;
-  auto& slot = cache[next];
-  next = (next + 1) % cache.size();
-  slot = std::make_unique<ReadTable>(decl);
-  return *slot;
+  std::unique_ptr<ReadTable>& held = tables[&decl];
+  if (!held) held = std::make_unique<ReadTable>(decl);
+  recent[next] = held.get();
+  next = (next + 1) % recent.size();
+  return *held;
 }
 
 }  // namespace brenvale::detail

@@ -8,13 +8,10 @@ set(BRENVALE_CMAKE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Brenvale)
 set(BRENVALE_PKGCONFIG_DIR ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 # Every library target of the project, the host-facing ones under their short names.
-set(brenvale_installed brenvale_lib brenvale_rqp brenvale_webconnector)
-foreach(folder core qbxml connection model lists pricing company)
-  list(APPEND brenvale_installed brenvale_${folder})
-endforeach()
-foreach(folder protocol schema store records lists host dataext subscriptions engine)
-  list(APPEND brenvale_installed brenvale_rqp_${folder})
-endforeach()
+# The folder libraries are the ones the build's folder functions made.
+get_property(brenvale_folders GLOBAL PROPERTY BRENVALE_LIBRARIES)
+set(brenvale_installed brenvale_lib brenvale_rqp brenvale_webconnector ${brenvale_folders})
+list(REMOVE_DUPLICATES brenvale_installed)
 foreach(target ${brenvale_installed})
   string(REGEX REPLACE "^brenvale_" "" short ${target})
   if(target STREQUAL "brenvale_lib")

@@ -387,12 +387,17 @@ TEST_F(CompanyEndToEnd, AnAccountTreeWithOpeningBalances) {
   EXPECT_EQ(all.SumSubAccountBalances(all.Item("Savings Reserve")), Currency::FromUnits(405000));
   EXPECT_EQ(all.SumSubAccountBalances(all.Item("Operating")), Currency(1250));
 
-  // Deletes: an account with sub-accounts is refused, a leaf goes.
+  // Deletes: an account with sub-accounts is refused, so is one in use (its opening balance is
+  // posted); a leaf that nothing uses goes.
   EXPECT_EQ(RaisedBy([&] { master.Delete(master.Item("Savings Reserve").ListID()); }).Number(), ErrorNumber(1026));
   EXPECT_EQ(master.Errors().Count(), 1);  // QuickBooks' reason
-  EXPECT_EQ(master.Delete(reserveId), 0);
+  EXPECT_EQ(RaisedBy([&] { master.Delete(reserveId); }).Number(), ErrorNumber(1026));
+  master.Add("Petty", true, "Savings Reserve", qbBank);
+  ASSERT_EQ(master.Commit(), 1);
+  EXPECT_EQ(master.Delete(master.Item("Savings Reserve:Petty").ListID()), 0);
   Accounts after;
-  EXPECT_EQ(after.GetByNameMatch("Reserve", qbMatchEndsWith), 1);  // the savings account alone
+  EXPECT_EQ(after.GetByNameMatch("Reserve", qbMatchEndsWith), 2);  // the savings account and its reserve
+  EXPECT_EQ(after.GetByNameMatch("Petty", qbMatchContains), 0);
 }
 
 // What the library refuses and what QuickBooks refuses: a value over its limit, a parent of another

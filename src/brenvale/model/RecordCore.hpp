@@ -92,6 +92,8 @@ class RecordCore {
   const ChildListBase* FindChildren(FieldId id) const;
   // Every nested aggregate and child record the record holds.
   void ForEachNested(const std::function<void(const RecordCore&)>& visit) const;
+  // The i-th (from 0) record an aggregate or a list of child records holds, or null past the last.
+  const RecordCore* NestedAt(FieldId id, std::size_t i) const;
 
   // The key a collection files the record under; empty: the record is held without a key.
   virtual KeyParts CollectionKeyParts() const { return {}; }
@@ -132,7 +134,7 @@ class RecordCore {
   // A reference set by full name (its ListID is dropped), or whole.
   void SetRefName(FieldId id, std::string_view fullName);
   void SetRef(FieldId id, const zkListObjectRef& ref);
-  // Takes a field out of the record, through the setter rules.
+  // Takes a field out of the record, through the setter rules (a nested record or list goes with it).
   void Unset(FieldId id);
 
   // The hook run before every set; the default is the state rule.
@@ -153,6 +155,10 @@ class RecordCore {
   bool RuleFails(const Rule& rule, ValidateContext& context, int& code);
   void ValidateNested(const Rule& rule, zkErrors& errors, ValidateContext& context);
   void AfterSet(FieldId id);
+  // Takes a value out, freeing a nested record or list the field owns.
+  void EraseValue(FieldId id);
+  // Whether a field other than `id` of its choice holds a value; its id in `other`.
+  bool ChoiceTaken(FieldId id, FieldId& other) const;
   bool IsEmptyValue(FieldId id) const;
 
   friend class ChildListBase;

@@ -19,12 +19,16 @@ Kind Of(std::string name, std::string plural) {
   ListRecord& (*addNew)() = nullptr;
   if constexpr (requires { Accessor().Add(); })
     if (Record::Declaration().list->addable) addNew = []() -> ListRecord& { return Accessor().Add(); };
+  // A kind that is the common base of several (every name list) has no record of its own.
+  std::shared_ptr<ListRecord> (*scratch)() = nullptr;
+  if constexpr (std::is_default_constructible_v<Record>)
+    scratch = []() -> std::shared_ptr<ListRecord> { return std::make_shared<Record>(); };
   return Kind{std::move(name),
               std::move(plural),
               &Record::Declaration,
               []() -> ListCollectionBase& { return Accessor(); },
               addNew,
-              []() -> std::shared_ptr<ListRecord> { return std::make_shared<Record>(); }};
+              scratch};
 }
 
 std::vector<Kind> Registered() {
@@ -83,9 +87,40 @@ int FindField(const RecordDecl& decl, std::span<const FieldId> among, std::strin
   return -1;
 }
 
+FieldPath FindFieldPath(const RecordDecl& decl, Form form, std::string_view name) {
+  FieldPath path;
+  const RecordDecl* at = &decl;
+  while (true) {
+    const std::size_t dot = name.find('.');
+    const int id = FindField(*at, at->Order(form), name.substr(0, dot));
+    if (id < 0) return {};
+    const FieldDef& f = at->Field(static_cast<FieldId>(id));
+    path.ids.push_back(static_cast<FieldId>(id));
+    path.name += (path.name.empty() ? "" : ".") + std::string(f.tag);
+    if (dot == std::string_view::npos) {
+      // A group of fields is set part by part.
+      if (f.kind == ValueKind::Aggregate || f.kind == ValueKind::Children) return {};
+      path.field = &f;
+      return path;
+    }
+    if (f.kind != ValueKind::Aggregate) return {};
+    at = &f.body();
+    name = name.substr(dot + 1);
+  }
+}
+
+RecordCore& HolderOf(RecordCore& record, const FieldPath& path) {
+  RecordCore* holder = &record;
+  for (std::size_t i = 0; i + 1 < path.ids.size(); ++i) holder = &holder->Nested(path.ids[i]);
+  return *holder;
+}
+
 std::string FieldNames(const RecordDecl& decl, std::span<const FieldId> ids) {
   std::string out;
-  for (FieldId id : ids) out += (out.empty() ? "" : ", ") + std::string(decl.Field(id).tag);
+  for (FieldId id : ids) {
+    out += (out.empty() ? "" : ", ") + std::string(decl.Field(id).tag);
+    if (decl.Field(id).kind == ValueKind::Aggregate) out += ".FIELD";
+  }
   return out;
 }
 

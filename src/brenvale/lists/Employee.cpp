@@ -73,7 +73,7 @@ struct EmployeeDecl {
       kFields.MaxLength(F::FirstName, 25, 1502, "First Name"),
       kFields.MaxLength(F::MiddleName, 5, 1503, "Middle Name"),
       rule::Own<&Entity::CheckNamesDiffer>(),
-      kFields.Valid(F::EmployeeAddress, "Employee Address", 1201),
+      kFields.NestedRules(F::EmployeeAddress, "Employee Address", 1201),
       kFields.MaxLength(F::PrintAs, 41, 2100, "Print As"),
       kFields.MaxLength(F::Phone, 21, 1504, "Phone"),
       kFields.MaxLength(F::AltPhone, 21, 1504, "Alt Phone"),

@@ -49,7 +49,7 @@ struct OtherNameDecl {
       kFields.MaxLength(F::FirstName, 25, 1502, "First Name"),
       kFields.MaxLength(F::MiddleName, 5, 1503, "Middle Name"),
       rule::Own<&Entity::CheckNamesDiffer>(),
-      kFields.Valid(F::OtherNameAddress, "OtherName Address", 1201),
+      kFields.NestedRules(F::OtherNameAddress, "OtherName Address", 1201),
       kFields.MaxLength(F::Phone, 21, 1504, "Phone"),
       kFields.MaxLength(F::AltPhone, 21, 1504, "Alt Phone"),
       kFields.MaxLength(F::Email, 99, 1505, "Email"),

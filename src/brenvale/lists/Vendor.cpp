@@ -79,7 +79,7 @@ struct VendorDecl {
       kFields.MaxLength(F::FirstName, 25, 1502, "First Name"),
       kFields.MaxLength(F::MiddleName, 5, 1503, "Middle Name"),
       kFields.MaxLength(F::LastName, 25, 1502, "Last Name"),
-      kFields.Valid(F::VendorAddress, "Address"),
+      kFields.NestedRules(F::VendorAddress, "Address"),
       kFields.MaxLength(F::Phone, 21, 1504, "Phone"),
       kFields.MaxLength(F::AltPhone, 21, 1504, "Alt Phone"),
       kFields.MaxLength(F::Email, 99, 1505, "Email"),

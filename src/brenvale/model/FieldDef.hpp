@@ -71,6 +71,7 @@ struct FieldDef {
   WriteGate gate = nullptr;                   // when set, the field is written only where it says so
   std::int8_t boolDefault = -1;               // Bool: the value while unset (0, 1), also written in an add
   const FieldTags* tags = nullptr;            // when set, the context names the element
+  std::string_view clearTag{};                // Children: the flag a modify request sends for an emptied list
 
   // The tag written in a context.
   std::string_view TagIn(const WriteContext& context) const { return tags ? tags->pick(context) : tag; }
@@ -93,6 +94,8 @@ struct FieldDef {
     f.modTag = modifyTag;
     return f;
   }
+  // Fields of one choice: one of them holds a value. Setting one clears the others; an aggregate of a
+  // choice is made only while no other field of its choice holds a value (1003 otherwise).
   constexpr FieldDef Choice(int group) const {
     if (group <= 0 || group > 255) throw "a choice is numbered from 1 to 255";
     FieldDef f = *this;
@@ -108,6 +111,14 @@ struct FieldDef {
     if (kind == ValueKind::Aggregate || kind == ValueKind::Children) throw "a nested record keeps its tag";
     FieldDef f = *this;
     f.tags = &byContext;
+    return f;
+  }
+  // The flag ("ClearItemsInGroup") a modify request sends, true, when the record holds the list and it
+  // is empty: QuickBooks keeps a list that a modify does not mention, and replaces one it does.
+  constexpr FieldDef ClearedBy(std::string_view flag) const {
+    if (kind != ValueKind::Children) throw "only a list of child records is cleared by a flag";
+    FieldDef f = *this;
+    f.clearTag = flag;
     return f;
   }
   // A flag's value while it is unset, written in an add request all the same (QuickBooks needs some

@@ -20,15 +20,17 @@ ReadTable::ReadTable(const RecordDecl& decl) : decl_(&decl) {
 }
 
 const ReadTable& ReadTable::Of(const RecordDecl& decl) {
-  // A few declarations are read at a time (a kind, its addresses, its lines): a small cache serves.
-  thread_local std::array<std::unique_ptr<ReadTable>, 8> cache;
-  thread_local std::size_t next = 0;
-  for (const auto& t : cache)
-    if (t && t->decl_ == &decl) return *t;
-  auto& slot = cache[next];
-  next = (next + 1) % cache.size();
-  slot = std::make_unique<ReadTable>(decl);
-  return *slot;
+  // One table per declaration, kept for the thread's life: a record's table is in use while it
+  // reads its nested records of other declarations, so none may be dropped to make room. A program
+  // has a bounded number of declarations, and a read meets few of them: the last one and a short
+  // list serve.
+  thread_local std::vector<std::unique_ptr<ReadTable>> tables;
+  thread_local const ReadTable* last = nullptr;
+  if (last && last->decl_ == &decl) return *last;
+  for (const auto& t : tables)
+    if (t->decl_ == &decl) return *(last = t.get());
+  tables.push_back(std::make_unique<ReadTable>(decl));
+  return *(last = tables.back().get());
 }
 
 }  // namespace brenvale::detail

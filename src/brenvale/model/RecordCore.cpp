@@ -77,7 +77,7 @@ Variant& RecordCore::UserData() {
 
 std::string_view RecordCore::TextView(FieldId id) const {
   const Slot* s = values_.Find(id);
-  return s ? values_.Text(*s) : std::string_view();
+  return s ? values_.Text(*s) : decl_->Field(id).textDefault;
 }
 
 bool RecordCore::Bool(FieldId id, bool fallback) const {
@@ -393,8 +393,12 @@ void RecordCore::WriteField(xmlBldr& b, FieldId id, const WriteContext& context)
   if (f.gate && !f.gate(context, *this)) return;
   const Slot* s = values_.Find(id);
   if (!s) {
-    // A flag QuickBooks needs in an add goes with its default.
-    if (f.boolDefault >= 0 && context.form == Form::Add) b.CreateElement(f.tag, BoolToText(f.boolDefault == 1));
+    // A value QuickBooks needs in an add goes with its default.
+    if (context.form != Form::Add) return;
+    if (f.boolDefault >= 0)
+      b.CreateElement(f.tag, BoolToText(f.boolDefault == 1));
+    else if (!f.textDefault.empty())
+      b.CreateElement(f.tag, f.textDefault);
     return;
   }
   // A modify request clears a field the caller emptied by writing it empty.

@@ -459,8 +459,20 @@ void RecordCore::WriteField(xmlBldr& b, FieldId id, const WriteContext& context)
 
 // --- validation ---------------------------------------------------------------------------------
 
+bool RecordCore::FailsLength(FieldId id, std::string_view value) const {
+  for (const Rule& r : decl_->rules)
+    if (r.kind == RuleKind::MaxLength && r.field == id && TextLength(value) > r.limit) return true;
+  return false;
+}
+
 bool RecordCore::Validate() {
   ValidateContext context = ValidateContext::OfSession();
+  if (state_ != zqObjectStateClean && context.refs && context.mayFetch) {
+    // The names its rules (and its nested records' rules) look up: one query per list, at once.
+    RefCache::Batch names;
+    ForEachReference([&](zqEnumListType list, std::string_view name) { names.Add(list, name); });
+    context.refs->Fetch(names);
+  }
   return Validate(context);
 }
 

@@ -72,6 +72,9 @@ class RecordCore {
   // The names the rules will look up, for a batch to fetch them at once before validating.
   template <class F>
   void ForEachReference(F&& visit) const;
+  // Whether `value` of the field is longer than one of the record's rules allows (a name that fails
+  // its rule is never looked up).
+  bool FailsLength(FieldId id, std::string_view value) const;
 
   // --- generic access by field, for code that walks the declaration -----------------------------
   bool Has(FieldId id) const { return values_.Has(id); }
@@ -175,7 +178,7 @@ void RecordCore::ForEachReference(F&& visit) const {
     }
     if (r.kind != RuleKind::Exists) continue;
     const std::string_view name = RefFullName(r.field);
-    if (name.empty()) continue;
+    if (name.empty() || FailsLength(r.field, name)) continue;
     visit(r.list != zqListTypeNone ? r.list : OwnList(), name);
   }
 }

@@ -30,6 +30,11 @@ class ListCollection : public ListCollectionBase {
     return static_cast<T*>(ListCollectionBase::GetByListID(sListID));
   }
   T* Find(std::string_view key) override { return static_cast<T*>(ListCollectionBase::Find(key)); }
+  // Calls visit(std::type_identity<K>{}) for each kind K of a collection of several kinds.
+  template <class F>
+  static void ForEachKind(F&& visit) {
+    (visit(std::type_identity<Kinds>{}), ...);
+  }
   // Shared ownership of a record, for a host that keeps it beyond the collection.
   std::shared_ptr<T> ItemPtr(std::size_t position) const { return std::static_pointer_cast<T>(SharedAt(position)); }
 

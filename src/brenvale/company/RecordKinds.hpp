@@ -5,6 +5,7 @@
 #include "brenvale/lists/Classes.hpp"
 #include "brenvale/lists/CustomerMessages.hpp"
 #include "brenvale/lists/CustomerTypes.hpp"
+#include "brenvale/lists/Items.hpp"
 #include "brenvale/lists/JobTypes.hpp"
 #include "brenvale/lists/PaymentMethods.hpp"
 #include "brenvale/lists/PayrollItemNonWages.hpp"
@@ -17,7 +18,8 @@
 #include "brenvale/lists/ToDoList.hpp"
 #include "brenvale/lists/VendorTypes.hpp"
 
-// X(collection class, record class), in the order the library globals offer them.
+// X(collection class, record class), in the order the library globals offer them. A collection of
+// several kinds names their common base (Items, zkItem); its kinds come with it (ForEachKind).
 #define BRENVALE_RECORD_KINDS(X)         \
   X(SalesTaxCodes, SalesTaxCode)         \
   X(PaymentMethods, PaymentMethod)       \
@@ -32,4 +34,5 @@
   X(PayrollItemWages, PayrollItemWage)   \
   X(Templates, Template)                 \
   X(PayrollItemNonWages, PayrollItemNonWage) \
-  X(TaxCodes, TaxCode)
+  X(TaxCodes, TaxCode)                   \
+  X(Items, zkItem)

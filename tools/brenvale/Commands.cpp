@@ -88,10 +88,22 @@ void CheckValueText(const FieldDef& f, const std::string& value) {
   }
 }
 
-std::vector<ListRecord*> RecordsOf(ListCollectionBase& c) {
+// The records of the collection; of a collection of several kinds, those of the kind asked for.
+std::vector<ListRecord*> RecordsOf(ListCollectionBase& c, const Kind& kind) {
   std::vector<ListRecord*> out;
-  for (Long i = 1; i <= c.Count(); ++i) out.push_back(&c.Item(static_cast<std::size_t>(i)));
+  for (Long i = 1; i <= c.Count(); ++i) {
+    ListRecord& r = c.Item(static_cast<std::size_t>(i));
+    if (kind.base.empty() || &r.Decl() == &kind.decl()) out.push_back(&r);
+  }
   return out;
+}
+
+// The base of a collection of several kinds adds and modifies as one of them.
+void RequireOwnKind(const Kind& kind, const char* command) {
+  if (kind.kinds.empty()) return;
+  std::string names;
+  for (const std::string& k : kind.kinds) names += (names.empty() ? "" : ", ") + k;
+  throw UsageError(std::string(command) + " takes a kind of " + kind.name + ": " + names);
 }
 
 // --- kinds -----------------------------------------------------------------------------------
@@ -263,7 +275,7 @@ int RunList(const GlobalOptions& g, const ListOptions& o) {
     else
       c.GetAll(o.max);
   }
-  PrintRecords(std::cout, g.OutputFormat(), schema, RecordsOf(c), columns);
+  PrintRecords(std::cout, g.OutputFormat(), schema, RecordsOf(c, kind), columns);
   return kExitOk;
 }
 
@@ -342,6 +354,7 @@ bool CommitRecord(const Kind& kind, ListCollectionBase& c, ListRecord& record, c
 int RunAdd(const GlobalOptions& g, const AddOptions& o) {
   const Kind& kind = RequireKind(o.kind);
   const RecordDecl& schema = kind.decl();
+  RequireOwnKind(kind, "add");
   if (!kind.addNew) throw UsageError(kind.name + " records cannot be added: QuickBooks only reads them");
   const std::vector<FieldId> columns = TableColumns(schema, o.fields);
   const auto values = ParseAssignments(kind, schema.add, o.assignments);
@@ -366,6 +379,7 @@ struct ModifyOptions {
 int RunModify(const GlobalOptions& g, const ModifyOptions& o) {
   const Kind& kind = RequireKind(o.kind);
   const RecordDecl& schema = kind.decl();
+  RequireOwnKind(kind, "modify");
   const std::vector<FieldId> columns = TableColumns(schema, o.fields);
   // A kind QuickBooks cannot modify takes its add fields, so that the library answers with its refusal.
   const std::span<const FieldId> among = schema.mod.empty() ? schema.add : schema.mod;
@@ -379,6 +393,9 @@ int RunModify(const GlobalOptions& g, const ModifyOptions& o) {
   }
   if (!record)
     throw ToolFailure(kExitLibrary, "there is no " + kind.name + " with ListID '" + o.listId + "'");
+  if (&record->Decl() != &schema)
+    throw ToolFailure(kExitLibrary, "the record with ListID '" + o.listId + "' is " +
+                                        std::string(record->Decl().xmlName) + ", not " + kind.name);
   for (const auto& [id, value] : values) record->SetFromText(id, value);
   if (!CommitRecord(kind, c, *record, "changed")) return kExitLibrary;
   PrintRecords(std::cout, g.OutputFormat(), schema, {record}, columns);

@@ -27,10 +27,36 @@ Kind Of(std::string name, std::string plural) {
               []() -> std::shared_ptr<ListRecord> { return std::make_shared<Record>(); }};
 }
 
+// A collection's kind, or for a collection of several kinds their base (named as its list, "Item")
+// and each of them (named as in qbXML, "ItemService"), a blank record of each from Add<K>.
+template <auto Accessor, class Collection, class Record>
+void Register(std::vector<Kind>& kinds, std::string name, std::string plural) {
+  if constexpr (std::is_constructible_v<Record>) {
+    kinds.push_back(Of<Accessor, Record>(std::move(name), std::move(plural)));
+  } else {
+    Kind base{std::string(Record::Declaration().xmlName), plural, &Record::Declaration,
+              []() -> ListCollectionBase& { return Accessor(); }, nullptr, nullptr};
+    Collection::ForEachKind([&]<class K>(std::type_identity<K>) {
+      Kind k{std::string(K::Declaration().xmlName),
+             plural,
+             &K::Declaration,
+             []() -> ListCollectionBase& { return Accessor(); },
+             []() -> ListRecord& { return Accessor().template Add<K>(); },
+             []() -> std::shared_ptr<ListRecord> { return std::make_shared<K>(); },
+             base.name};
+      base.kinds.push_back(k.name);
+      kinds.push_back(std::move(k));
+    });
+    kinds.push_back(std::move(base));
+  }
+}
+
 std::vector<Kind> Registered() {
   using G = BrenvaleGlobals;
-#define BRENVALE_TOOL_KIND(Collection, Record) Of<&G::Collection, brenvale::Record>(#Record, #Collection),
-  std::vector<Kind> kinds = {BRENVALE_RECORD_KINDS(BRENVALE_TOOL_KIND)};
+  std::vector<Kind> kinds;
+#define BRENVALE_TOOL_KIND(Collection, Record) \
+  Register<&G::Collection, brenvale::Collection, brenvale::Record>(kinds, #Record, #Collection);
+  BRENVALE_RECORD_KINDS(BRENVALE_TOOL_KIND)
 #undef BRENVALE_TOOL_KIND
   std::sort(kinds.begin(), kinds.end(), [](const Kind& a, const Kind& b) { return a.name < b.name; });
   return kinds;
@@ -54,8 +80,10 @@ const std::vector<Kind>& Kinds() {
 
 const Kind* FindKind(std::string_view name) {
   const std::string wanted = Folded(name);
+  // A kind of a collection of several kinds is not named by the collection's name.
   for (const Kind& k : Kinds())
-    if (Folded(k.name) == wanted || Folded(k.plural) == wanted || Folded(k.decl().xmlName) == wanted)
+    if (Folded(k.name) == wanted || (k.base.empty() && Folded(k.plural) == wanted) ||
+        Folded(k.decl().xmlName) == wanted)
       return &k;
   return nullptr;
 }

@@ -21,8 +21,14 @@ struct Kind {
   // A new blank record, filed in the master collection for the next commit; null for a kind
   // QuickBooks does not let a host add.
   ListRecord& (*addNew)();
-  // A record of the kind that belongs to no collection: for checking values before connecting.
+  // A record of the kind that belongs to no collection: for checking values before connecting; null
+  // for the base of a collection of several kinds.
   std::shared_ptr<ListRecord> (*scratch)();
+  // A kind of a collection of several kinds (the item kinds of Items): the name of their base
+  // ("Item"), which names the collection and lists every kind.
+  std::string base{};
+  // The base: the names of its kinds.
+  std::vector<std::string> kinds{};
 };
 
 // Every registered kind, in the order they are listed to the user.

@@ -23,9 +23,29 @@ std::string FieldNames(const RecordDecl& decl) {
   return out;
 }
 
-// A field's value as a JSON value: true/false, a number, a string, an object for a reference,
-// null when unset.
-std::string JsonValue(const ListRecord& record, FieldId id) {
+std::string JsonValue(const RecordCore& record, FieldId id);
+
+// The fields a nested record holds, as a JSON object.
+std::string JsonObject(const RecordCore& record) {
+  std::string out = "{";
+  for (const FieldId id : KindFields(record.Decl())) {
+    if (!record.Has(id)) continue;
+    out += (out.size() > 1 ? ", " : "") + JsonString(record.Decl().Field(id).tag) + ": " + JsonValue(record, id);
+  }
+  return out + "}";
+}
+
+// A field's value as a JSON value: true/false, a number, a string, an object for a reference or a
+// nested record, an array for child records; null when unset.
+std::string JsonValue(const RecordCore& record, FieldId id) {
+  const ValueKind kind = record.Decl().Field(id).kind;
+  if (kind == ValueKind::Aggregate || kind == ValueKind::Children) {
+    std::string items;
+    for (std::size_t i = 0; const RecordCore* nested = record.NestedAt(id, i); ++i)
+      items += (i ? ", " : "") + JsonObject(*nested);
+    if (kind == ValueKind::Aggregate) return items.empty() ? "null" : items;
+    return record.Has(id) ? "[" + items + "]" : "null";
+  }
   const FieldValue v = record.Value(id);
   if (std::holds_alternative<std::monostate>(v)) return "null";
   if (auto b = std::get_if<bool>(&v)) return *b ? "true" : "false";
@@ -50,6 +70,8 @@ void PrintJson(std::ostream& out, const RecordDecl& decl, const std::vector<List
   out << "[";
   for (std::size_t r = 0; r < records.size(); ++r) {
     out << (r ? ",\n  {" : "\n  {");
+    // A collection of several kinds says of what kind each record is.
+    if (&records[r]->Decl() != &decl) out << "\"kind\": " << JsonString(records[r]->Decl().xmlName) << ", ";
     for (std::size_t f = 0; f < fields.size(); ++f) {
       out << (f ? ", " : "") << JsonString(decl.Field(fields[f]).tag) << ": " << JsonValue(*records[r], fields[f]);
     }
@@ -60,13 +82,14 @@ void PrintJson(std::ostream& out, const RecordDecl& decl, const std::vector<List
 
 void PrintXml(std::ostream& out, const RecordDecl& decl, const std::vector<ListRecord*>& records) {
   const std::string name(decl.xmlName);
-  const std::string ret = name + "Ret";
   xmlBldr b;
   b.Clear();
   b.InsertRawXML(
       "<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs><" + name +
       "QueryRs requestID=\"1\" statusCode=\"0\" statusSeverity=\"Info\" statusMessage=\"Status OK\">");
   for (ListRecord* record : records) {
+    // Each record in its own kind's element (an item query answers every kind of item).
+    const std::string ret = std::string(record->Decl().xmlName) + "Ret";
     b.OpenAggregateOnly(ret);
     record->XMLQueryRs(b);
     b.EndAggregate(ret);

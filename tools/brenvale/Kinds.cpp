@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -13,41 +14,43 @@ namespace brenvale::tool {
 namespace {
 
 // One kind, from the global accessor of its master collection: a blank record comes from the
-// collection's Add with its defaults.
-template <auto Accessor, class Record>
+// collection's Add with its defaults (Add<Record>() in a collection of several kinds).
+template <auto Accessor, class Record, bool Member>
 Kind Of(std::string name, std::string plural) {
   ListRecord& (*addNew)() = nullptr;
-  if constexpr (requires { Accessor().Add(); })
-    if (Record::Declaration().list->addable) addNew = []() -> ListRecord& { return Accessor().Add(); };
+  std::shared_ptr<ListRecord> (*scratch)() = nullptr;
+  if constexpr (std::is_default_constructible_v<Record>) {  // not the base of several kinds
+    scratch = []() -> std::shared_ptr<ListRecord> { return std::make_shared<Record>(); };
+    if constexpr (Member && requires { Accessor().template Add<Record>(); }) {
+      if (Record::Declaration().list->addable)
+        addNew = []() -> ListRecord& { return Accessor().template Add<Record>(); };
+    } else if constexpr (!Member && requires { Accessor().Add(); }) {
+      if (Record::Declaration().list->addable) addNew = []() -> ListRecord& { return Accessor().Add(); };
+    }
+  }
   return Kind{std::move(name),
               std::move(plural),
               &Record::Declaration,
               []() -> ListCollectionBase& { return Accessor(); },
               addNew,
-              []() -> std::shared_ptr<ListRecord> { return std::make_shared<Record>(); }};
+              scratch,
+              {}};
 }
 
-// A collection's kind, or for a collection of several kinds their base (named as its list, "Item")
-// and each of them (named as in qbXML, "ItemService"), a blank record of each from Add<K>.
+// The kinds of one collection: its record kind; for a collection of several kinds, the list itself
+// (what they share, every record shown) and then each of them by its qbXML name.
 template <auto Accessor, class Collection, class Record>
-void Register(std::vector<Kind>& kinds, std::string name, std::string plural) {
-  if constexpr (std::is_constructible_v<Record>) {
-    kinds.push_back(Of<Accessor, Record>(std::move(name), std::move(plural)));
+void Register(std::vector<Kind>& kinds, const char* name, const char* plural) {
+  using Members = typename Collection::Members;
+  if constexpr (std::is_same_v<Members, std::tuple<Record>>) {
+    kinds.push_back(Of<Accessor, Record, false>(name, plural));
   } else {
-    Kind base{std::string(Record::Declaration().xmlName), plural, &Record::Declaration,
-              []() -> ListCollectionBase& { return Accessor(); }, nullptr, nullptr};
-    Collection::ForEachKind([&]<class K>(std::type_identity<K>) {
-      Kind k{std::string(K::Declaration().xmlName),
-             plural,
-             &K::Declaration,
-             []() -> ListCollectionBase& { return Accessor(); },
-             []() -> ListRecord& { return Accessor().template Add<K>(); },
-             []() -> std::shared_ptr<ListRecord> { return std::make_shared<K>(); },
-             base.name};
-      base.kinds.push_back(k.name);
-      kinds.push_back(std::move(k));
-    });
-    kinds.push_back(std::move(base));
+    Kind list = Of<Accessor, Record, false>(std::string(Record::Declaration().xmlName), plural);
+    [&]<class... K>(std::tuple<K...>*) {
+      (list.members.append(list.members.empty() ? "" : ", ").append(K::Declaration().xmlName), ...);
+      (kinds.push_back(Of<Accessor, K, true>(std::string(K::Declaration().xmlName), plural)), ...);
+    }(static_cast<Members*>(nullptr));
+    kinds.push_back(std::move(list));
   }
 }
 
@@ -80,11 +83,11 @@ const std::vector<Kind>& Kinds() {
 
 const Kind* FindKind(std::string_view name) {
   const std::string wanted = Folded(name);
-  // A kind of a collection of several kinds is not named by the collection's name.
+  // A kind's own name first: the kinds of one collection share its plural.
   for (const Kind& k : Kinds())
-    if (Folded(k.name) == wanted || (k.base.empty() && Folded(k.plural) == wanted) ||
-        Folded(k.decl().xmlName) == wanted)
-      return &k;
+    if (Folded(k.name) == wanted) return &k;
+  for (const Kind& k : Kinds())
+    if (Folded(k.plural) == wanted || Folded(k.decl().xmlName) == wanted) return &k;
   return nullptr;
 }
 

@@ -88,7 +88,8 @@ void PrintXml(std::ostream& out, const RecordDecl& decl, const std::vector<ListR
       "<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs><" + name +
       "QueryRs requestID=\"1\" statusCode=\"0\" statusSeverity=\"Info\" statusMessage=\"Status OK\">");
   for (ListRecord* record : records) {
-    // Each record in its own kind's element (an item query answers every kind of item).
+    // Each record in its own kind's element: an item query answers every kind of item, a query of
+    // the terms StandardTermsRet and DateDrivenTermsRet.
     const std::string ret = std::string(record->Decl().xmlName) + "Ret";
     b.OpenAggregateOnly(ret);
     record->XMLQueryRs(b);

@@ -1,5 +1,7 @@
 #include "brenvale/lists/Items.hpp"
 
+#include <tuple>
+
 #include "brenvale/core/BrenvaleError.hpp"
 
 namespace brenvale {
@@ -12,9 +14,9 @@ void Items::Fill(zkItem& item, std::string_view name, bool active, std::string_v
 
 zkItem& Items::Add(qbEnumItemType ItemType, std::string_view Name, bool IsActive, std::string_view ParentFullName) {
   zkItem* added = nullptr;
-  ForEachKind([&]<class K>(std::type_identity<K>) {
-    if (!added && K::kItemType == ItemType) added = &Add<K>(Name, IsActive, ParentFullName);
-  });
+  [&]<class... K>(std::tuple<K...>*) {
+    ((added = added ? added : K::kItemType == ItemType ? &Add<K>(Name, IsActive, ParentFullName) : nullptr), ...);
+  }(static_cast<Members*>(nullptr));
   if (!added) Raise(1101, "Item");
   return *added;
 }

@@ -1,5 +1,6 @@
 #include "brenvale/model/RecordCore.hpp"
 
+#include <algorithm>
 #include <bit>
 #include <bitset>
 #include <cstring>
@@ -271,6 +272,18 @@ const ChildListBase* RecordCore::FindChildren(FieldId id) const {
              : nullptr;
 }
 
+void RecordCore::ForEachNested(const std::function<void(const RecordCore&)>& visit) const {
+  for (const Slot& s : values_.Slots()) {
+    if (!(s.flags & ValueStore::kOwned)) continue;
+    if (decl_->Field(s.id).kind == ValueKind::Children) {
+      for (const auto& child : *reinterpret_cast<const ChildListBase*>(static_cast<std::uintptr_t>(s.bits)))
+        visit(*child);
+    } else {
+      visit(*reinterpret_cast<const RecordCore*>(static_cast<std::uintptr_t>(s.bits)));
+    }
+  }
+}
+
 const RecordCore* RecordCore::NestedAt(FieldId id, std::size_t i) const {
   if (decl_->Field(id).kind == ValueKind::Aggregate) return i == 0 ? FindNested(id) : nullptr;
   const ChildListBase* list = FindChildren(id);
@@ -404,56 +417,57 @@ void RecordCore::WriteField(xmlBldr& b, FieldId id, const WriteContext& context)
   // A modify request clears a field the caller emptied by writing it empty.
   const bool empty = IsEmptyValue(id);
   const bool clear = empty && context.form == Form::Mod && (s->flags & kChanged);
+  const std::string_view tag = f.TagIn(context);
   switch (f.kind) {
-    case ValueKind::Text: b.CreateElement2(f.tag, values_.Text(*s), clear, Currency()); return;
+    case ValueKind::Text: b.CreateElement2(tag, values_.Text(*s), clear, Currency()); return;
     case ValueKind::Date:
     case ValueKind::DateTime:
       if (empty) {
-        if (clear) b.CreateElement(f.tag, "");
+        if (clear) b.CreateElement(tag, "");
         return;
       }
-      b.CreateElement(f.tag, f.kind == ValueKind::Date ? DateToText(DateValue(id))
+      b.CreateElement(tag, f.kind == ValueKind::Date ? DateToText(DateValue(id))
                                                       : DateTimeToText(DateValue(id), context.versionNumber));
       return;
     case ValueKind::Ref: {
       if (empty && !clear) return;
-      b.OpenAggregateOnly(f.tag);
+      b.OpenAggregateOnly(tag);
       const std::string_view fullName = values_.Second(*s);
       if (!fullName.empty() || empty)
         b.CreateElement("FullName", fullName);
       else
         b.CreateElement("ListID", values_.First(*s));
-      b.EndAggregate(f.tag);
+      b.EndAggregate(tag);
       return;
     }
     case ValueKind::Aggregate: {
       const RecordCore* nested = FindNested(id);
       if (!nested || !nested->HoldsAnyValue()) return;
-      const std::string_view tag = context.form == Form::Mod && !f.modTag.empty() ? f.modTag : f.tag;
-      b.OpenAggregateOnly(tag);
+      const std::string_view aggregate = context.form == Form::Mod && !f.modTag.empty() ? f.modTag : f.tag;
+      b.OpenAggregateOnly(aggregate);
       nested->WriteBody(b, context);
-      b.EndAggregate(tag);
+      b.EndAggregate(aggregate);
       return;
     }
     case ValueKind::Children: {
       const ChildListBase* list = FindChildren(id);
       if (!list) return;
       const RecordDecl& form = list->Form();
-      const std::string_view tag = context.form == Form::Add ? form.addTag : context.form == Form::Mod ? form.modTag : f.tag;
-      if (tag.empty()) return;  // a list QuickBooks only reports
+      const std::string_view each = context.form == Form::Add ? form.addTag : context.form == Form::Mod ? form.modTag : f.tag;
+      if (each.empty()) return;  // a list QuickBooks only reports
       if (list->Count() == 0 && context.form == Form::Mod && !f.clearTag.empty()) {
         b.CreateElement(f.clearTag, BoolToText(true));
         return;
       }
       for (const auto& child : *list) {
-        b.OpenAggregateOnly(tag);
+        b.OpenAggregateOnly(each);
         child->WriteLead(b, context);
         child->WriteBody(b, context);
-        b.EndAggregate(tag);
+        b.EndAggregate(each);
       }
       return;
     }
-    default: b.CreateElement(f.tag, ValueText(id)); return;
+    default: b.CreateElement(tag, ValueText(id)); return;
   }
 }
 
@@ -492,12 +506,7 @@ bool RecordCore::ValidateValues(ValidateContext& context) {
       continue;
     }
     if (r.kind == RuleKind::Nested) {
-      for (std::size_t i = 0; const RecordCore* held = NestedAt(r.field, i); ++i) {
-        auto& nested = const_cast<RecordCore&>(*held);
-        if (nested.ValidateValues(context)) continue;
-        for (const zkError& e : nested.Errors())
-          errors.Add(e.Number(), r.label.empty() ? e.Field() : std::string(r.label), e.Description());
-      }
+      ValidateNested(r, errors, context);
       continue;
     }
     int code = r.code;
@@ -509,6 +518,19 @@ bool RecordCore::ValidateValues(ValidateContext& context) {
     if (r.field != kNoField) failed.set(r.field);
   }
   return errors.Count() == 0;
+}
+
+void RecordCore::ValidateNested(const Rule& r, zkErrors& errors, ValidateContext& context) {
+  for (std::size_t i = 0; const RecordCore* held = NestedAt(r.field, i); ++i) {
+    auto& nested = const_cast<RecordCore&>(*held);
+    if (nested.ValidateValues(context)) continue;
+    if (r.code != 0) {  // one entry of the rule's code stands for all of them
+      errors.AddCode(r.code, std::string(r.label), r.message);
+      return;
+    }
+    for (const zkError& e : nested.Errors())
+      errors.Add(e.Number(), r.label.empty() ? e.Field() : std::string(r.label), e.Description());
+  }
 }
 
 bool RecordCore::RuleFails(const Rule& r, ValidateContext& context, int& code) {
@@ -527,22 +549,29 @@ bool RecordCore::RuleFails(const Rule& r, ValidateContext& context, int& code) {
       const std::string_view name = RefFullName(r.field);
       if (name.empty()) return r.emptyFails;
       const zqEnumListType list = r.list != zqListTypeNone ? r.list : OwnList();
+      const std::string_view sortTag = r.alike != kNoField ? decl_->Field(r.alike).tag : std::string_view();
       RefEntry found;
-      RefAnswer answer = context.refs ? context.refs->Find(list, name, &found) : RefAnswer::Unknown;
+      RefAnswer answer = context.refs ? context.refs->Find(list, name, &found, sortTag) : RefAnswer::Unknown;
       if (answer == RefAnswer::Unknown && context.refs && context.mayFetch) {
-        context.refs->Fetch(list, {std::string(name)});
-        answer = context.refs->Find(list, name, &found);
+        context.refs->Fetch(list, {std::string(name)}, sortTag);
+        answer = context.refs->Find(list, name, &found, sortTag);
       }
       if (answer == RefAnswer::Unknown) return r.uncheckedFails;
       if (answer == RefAnswer::Missing) return true;
-      if (r.accepted.empty()) return false;
-      for (std::string_view accepted : r.accepted)
-        if (accepted == found.retName) return false;
-      code = r.otherKindCode;
-      return true;
+      if (!r.accepted.empty() &&
+          std::find(r.accepted.begin(), r.accepted.end(), std::string_view(found.retName)) == r.accepted.end()) {
+        code = r.otherKindCode;
+        return true;
+      }
+      // Of another sort than this record: only when both sorts are known.
+      if (r.alike != kNoField && Has(r.alike) && !found.sort.empty() && found.sort != ValueText(r.alike)) {
+        code = r.alikeCode;
+        return true;
+      }
+      return false;
     }
-    case RuleKind::Own:
-    case RuleKind::Nested: break;
+    case RuleKind::Nested:
+    case RuleKind::Own: break;
   }
   return false;
 }

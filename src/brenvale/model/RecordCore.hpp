@@ -5,10 +5,12 @@
 // lists it owns. The identities (ListRecord, TxnRecord, LineRecord) and the record classes build on
 // it; none of them reads, writes or validates a field by hand.
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 #include "brenvale/core/Currency.hpp"
@@ -91,6 +93,8 @@ class RecordCore {
   const RecordCore* FindNested(FieldId id) const;
   ChildListBase& ChildrenOf(FieldId id);
   const ChildListBase* FindChildren(FieldId id) const;
+  // Every nested aggregate and child record the record holds.
+  void ForEachNested(const std::function<void(const RecordCore&)>& visit) const;
   // The i-th (from 0) record an aggregate or a list of child records holds, or null past the last.
   const RecordCore* NestedAt(FieldId id, std::size_t i) const;
 
@@ -152,6 +156,7 @@ class RecordCore {
   bool ReadField(FieldId id, const DomNode& node);
   void WriteField(xmlBldr& b, FieldId id, const WriteContext& context) const;
   bool RuleFails(const Rule& rule, ValidateContext& context, int& code);
+  void ValidateNested(const Rule& rule, zkErrors& errors, ValidateContext& context);
   void AfterSet(FieldId id);
   // Takes a value out, freeing a nested record or list the field owns.
   void EraseValue(FieldId id);
@@ -172,15 +177,17 @@ class RecordCore {
 template <class F>
 void RecordCore::ForEachReference(F&& visit) const {
   for (const Rule& r : decl_->rules) {
-    if (r.kind == RuleKind::Nested) {
-      for (std::size_t i = 0; const RecordCore* nested = NestedAt(r.field, i); ++i) nested->ForEachReference(visit);
-      continue;
-    }
     if (r.kind != RuleKind::Exists) continue;
     const std::string_view name = RefFullName(r.field);
     if (name.empty() || FailsLength(r.field, name)) continue;
-    visit(r.list != zqListTypeNone ? r.list : OwnList(), name);
+    const zqEnumListType list = r.list != zqListTypeNone ? r.list : OwnList();
+    // A visitor that takes a third argument is told the element a lookup must also bring.
+    if constexpr (std::is_invocable_v<F&, zqEnumListType, std::string_view, std::string_view>)
+      visit(list, name, r.alike != kNoField ? decl_->Field(r.alike).tag : std::string_view());
+    else
+      visit(list, name);
   }
+  ForEachNested([&](const RecordCore& nested) { nested.ForEachReference(visit); });
 }
 
 // Length in characters of UTF-8 text.

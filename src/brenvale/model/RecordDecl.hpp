@@ -62,6 +62,10 @@ struct Rule {
   int otherKindCode = 0;
   bool emptyFails = false;
   bool uncheckedFails = false;
+  // Exists: a field whose value the record found must share, in its element of the same tag, and
+  // the code added when it does not.
+  FieldId alike = kNoField;
+  int alikeCode = 0;
   OwnCheck check = nullptr;
 
   constexpr Rule Message(std::string_view text) const {
@@ -74,6 +78,15 @@ struct Rule {
     Rule r = *this;
     r.accepted = rets;
     r.otherKindCode = otherCode;
+    return r;
+  }
+  // The record found must be of the same sort as this one: hold the same value as this record's
+  // field `id` (a sub-account's parent is an account of the sub-account's type); `otherCode` when not.
+  constexpr Rule Alike(FieldId id, int otherCode) const {
+    if (kind != RuleKind::Exists) throw "only a reference rule compares what it finds";
+    Rule r = *this;
+    r.alike = id;
+    r.alikeCode = otherCode;
     return r;
   }
   constexpr Rule EmptyFails() const {
@@ -176,10 +189,11 @@ struct FieldTable {
     return Rule{.kind = RuleKind::MaxLength, .field = IndexOf(f), .limit = limit, .code = code, .label = label};
   }
   // The rules of the nested records a field holds (an aggregate, or each of a list of child records)
-  // run as the owner's: their entries join the owner's list, under `label` when one is given.
-  consteval Rule NestedRules(const FieldDef& f, std::string_view label = {}) const {
+  // run as the owner's: their entries join the owner's list, under `label` when one is given; with a
+  // `code`, one entry of that code stands for all of them.
+  consteval Rule NestedRules(const FieldDef& f, std::string_view label = {}, int code = 0) const {
     if (f.kind != ValueKind::Aggregate && f.kind != ValueKind::Children) throw "only nested records have rules";
-    return Rule{.kind = RuleKind::Nested, .field = IndexOf(f), .label = label};
+    return Rule{.kind = RuleKind::Nested, .field = IndexOf(f), .code = code, .label = label};
   }
   // The record a reference names must exist in its list.
   consteval Rule Exists(const FieldDef& f, int code, std::string_view label) const {

@@ -19,21 +19,6 @@ namespace {
 
 using Kinds = std::vector<const ListKind*>;
 
-// A JSON array of strings, bound where a statement reads a list with json_each(?).
-std::string JsonList(const std::vector<std::string>& values) {
-  std::string out = "[";
-  for (auto& v : values) {
-    if (out.size() > 1) out += ',';
-    out += '"';
-    for (char c : v) {
-      if (c == '"' || c == '\\') out += '\\';
-      out += c;
-    }
-    out += '"';
-  }
-  return out + "]";
-}
-
 void HandleAdd(Context& co, const Request& rq, Reply& reply, const ListKind& kind) {
   Record r = AddListRecord(co, kind, rq.node.child(kind.addName.c_str()));
   WriteListRecord(co, r, OptionsOf(rq.node, rq.version), reply.body);
@@ -57,12 +42,12 @@ struct Query {
   // Records holding a reference `field` to one of `targets`.
   void Referring(const char* field, const std::vector<std::string>& targets) {
     Add("id IN (SELECT source FROM refs WHERE field=? AND target IN (SELECT value FROM json_each(?)))",
-        std::string(field), JsonList(targets));
+        std::string(field), JsonArray(targets));
   }
   // Records whose indexed value `field` is one of `values`.
   void Valued(const std::string& field, const std::vector<std::string>& values) {
     Add("id IN (SELECT record FROM record_values WHERE field=? AND value IN (SELECT value FROM json_each(?)))",
-        field, JsonList(values));
+        field, JsonArray(values));
   }
 };
 

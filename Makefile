@@ -3,7 +3,8 @@
 #   make test   installs what is missing, builds, and runs every test
 BUILD ?= build
 PACKAGES = cmake ninja-build g++ pkg-config libpugixml-dev libsqlite3-dev libgtest-dev libgmock-dev \
-           libbenchmark-dev libcli11-dev libxml2-dev libxml2-utils
+           libbenchmark-dev libcli11-dev libxml2-dev libxml2-utils \
+           libcpp-httplib-dev libssl-dev
 # clang and its runtime: libFuzzer for `make fuzz`, the sanitizers for CI's second build
 PACKAGES += clang libclang-rt-14-dev
 SUDO := $(shell [ "$$(id -u)" = 0 ] || echo sudo)

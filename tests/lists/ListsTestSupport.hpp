@@ -11,7 +11,7 @@
 #include "brenvale/core/BrenvaleError.hpp"
 #include "brenvale/core/TraceHook.hpp"
 #include "brenvale/qbxml/Session.hpp"
-#include "support/Raised.hpp"
+#include "support/RaisedBy.hpp"
 #include "support/ScriptedProcessor.hpp"
 
 namespace brenvale::testing {

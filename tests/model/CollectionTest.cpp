@@ -282,5 +282,60 @@ TEST_F(Collections, ARefusedDeleteRaises1026AndKeepsQuickBooksReason) {
   EXPECT_EQ(all.Errors()[1].Description(), "QuickBooks: Object \"X\" cannot be found.");
 }
 
+// One collection of several kinds: one query answers every kind, each read into its own class; a
+// commit sends each record's own request; a delete names the record's kind, asked of QuickBooks first
+// when the collection does not hold the record.
+TEST_F(Collections, ACollectionOfSeveralKindsReadsWritesAndDeletesEachAsItsOwn) {
+  auto ret = [](const std::string& kind, const std::string& id, const std::string& name) {
+    return "<" + kind + "Ret><ListID>" + id + "</ListID><EditSequence>1</EditSequence><Name>" + name +
+           "</Name><FullName>" + name + "</FullName><IsActive>true</IsActive></" + kind + "Ret>";
+  };
+  auto p = Install([&](const std::string& rq) {
+    if (rq.find("<ItemQueryRq") != std::string::npos) {
+      if (rq.find("<ListID>N7</ListID>") != std::string::npos)
+        return Responses(Rs("ItemQueryRs", "1", 0, ret("ItemNonInventory", "N7", "Nails")));
+      if (rq.find("<ListID>") != std::string::npos) return Responses(Rs("ItemQueryRs", "1", 1));
+      return Responses(Rs("ItemQueryRs", "1", 0,
+                          ret("ItemService", "S1", "Design") + ret("ItemFixedAsset", "F1", "Truck") +
+                              ret("ItemNonInventory", "N1", "Screws")));
+    }
+    if (rq.find("<ListDelRq") != std::string::npos) return Responses(Rs("ListDelRs", "1", 0));
+    return Responses(Rs("ItemServiceAddRs", "1", 0, ret("ItemService", "S2", "Repair")) +
+                     Rs("ItemNonInventoryAddRs", "2", 0, ret("ItemNonInventory", "N2", "Bolts")));
+  });
+  TestAnyItems items(true);
+  EXPECT_EQ(items.GetAll(), 2);  // the fixed asset is not a kind of this collection
+  EXPECT_NE(p->requests.back().find("<ItemQueryRq requestID = \"1\">"), std::string::npos);
+  EXPECT_NE(dynamic_cast<TestItem*>(&items.Item("Design")), nullptr);
+  EXPECT_NE(dynamic_cast<TestOtherItem*>(&items.Item("Screws")), nullptr);
+
+  items.Clear();
+  items.Add<TestItem>("Repair").SalesOrPurchase().Desc("Labour");
+  TestOtherItem& bolts = items.Add<TestOtherItem>("Bolts");
+  bolts.SalesOrPurchase().Desc("Box of 100");
+  EXPECT_EQ(items.Commit(), 2);
+  const std::string& batch = p->requests.back();
+  EXPECT_NE(batch.find("<ItemServiceAddRq requestID = \"1\"><ItemServiceAdd><Name>Repair</Name>"), std::string::npos);
+  EXPECT_NE(batch.find("<ItemNonInventoryAddRq requestID = \"2\"><ItemNonInventoryAdd><Name>Bolts</Name>"),
+            std::string::npos);
+  EXPECT_EQ(bolts.ListID(), "N2");
+
+  // A held record names its own kind; one the collection does not hold is asked for first and not
+  // kept; one QuickBooks does not know is refused before any delete is sent.
+  items.Delete("N2", false);
+  EXPECT_NE(p->requests.back().find("<ListDelType>ItemNonInventory</ListDelType><ListID>N2</ListID>"),
+            std::string::npos);
+  EXPECT_EQ(items.Count(), 2);
+  const std::size_t before = p->requests.size();
+  items.Delete("N7", false);
+  ASSERT_EQ(p->requests.size(), before + 2);
+  EXPECT_NE(p->requests[before].find("<ListID>N7</ListID>"), std::string::npos);
+  EXPECT_NE(p->requests.back().find("<ListDelType>ItemNonInventory</ListDelType><ListID>N7</ListID>"),
+            std::string::npos);
+  EXPECT_EQ(items.Count(), 2);
+  EXPECT_EQ(RaisedBy([&] { items.Delete("X0"); }).Number(), ErrorNumber(1026));
+  EXPECT_EQ(p->requests.size(), before + 3);
+}
+
 }  // namespace
 }  // namespace brenvale::testing

@@ -12,7 +12,7 @@
 #include "brenvale/qbxml/Dom.hpp"
 #include "brenvale/qbxml/Session.hpp"
 #include "brenvale/qbxml/xmlBldr.hpp"
-#include "support/Raised.hpp"
+#include "support/RaisedBy.hpp"
 #include "support/ScriptedProcessor.hpp"
 
 namespace brenvale::testing {

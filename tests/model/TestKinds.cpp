@@ -140,6 +140,17 @@ constexpr RecordDecl kItemDecl{.label = "Item",
                                .read = kItemRead,
                                .rules = kItemRules,
                                .list = &kItemFacts};
+constexpr RecordDecl kOtherItemDecl{.label = "Item",
+                               .xmlName = "ItemNonInventory",
+                               .objectType = zqObjectTypeItemNonInventory,
+                               .fields = kItemFields.fields,
+                               .add = kItemAdd,
+                               .mod = kItemMod,
+                               .read = kItemRead,
+                               .rules = kItemRules,
+                               .list = &kItemFacts};
+// The item list itself, for the collection of every kind: its query, label and facts.
+constexpr RecordDecl kAnyItemDecl{.label = "Item", .xmlName = "Item", .list = &kItemFacts};
 
 // --- the line and its two forms -------------------------------------------------------------------
 
@@ -313,11 +324,13 @@ bool TestPriceBlock::HasPrice() const { return Has(kPriceFields.Id(P::Price)); }
 bool TestPriceBlock::HasPricePercent() const { return Has(kPriceFields.Id(P::PricePercent)); }
 void TestPriceBlock::Account(std::string_view fullName) { SetRefName(kPriceFields.Id(P::AccountRef), fullName); }
 
+const RecordDecl& TestAnyItem::Declaration() { return kAnyItemDecl; }
 const RecordDecl& TestItem::Declaration() { return kItemDecl; }
-TestPriceBlock& TestItem::SalesOrPurchase() {
+const RecordDecl& TestOtherItem::Declaration() { return kOtherItemDecl; }
+TestPriceBlock& TestAnyItem::SalesOrPurchase() {
   return static_cast<TestPriceBlock&>(Nested(kItemFields.Id(I::SalesOrPurchase)));
 }
-void TestItem::SalesTaxCode(std::string_view fullName) { SetRefName(kItemFields.Id(I::SalesTaxCodeRef), fullName); }
+void TestAnyItem::SalesTaxCode(std::string_view fullName) { SetRefName(kItemFields.Id(I::SalesTaxCodeRef), fullName); }
 
 // --- the line -------------------------------------------------------------------------------------
 

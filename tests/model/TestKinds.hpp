@@ -54,12 +54,41 @@ class TestPriceBlock : public RecordCore {
   void Account(std::string_view fullName);
 };
 
-class TestItem : public HierarchicalRecord {
+// Any item: the common base of the item kinds, whose declaration describes the item list.
+class TestAnyItem : public HierarchicalRecord {
  public:
-  TestItem() : HierarchicalRecord(Declaration()) {}
   static const RecordDecl& Declaration();
   TestPriceBlock& SalesOrPurchase();
   void SalesTaxCode(std::string_view fullName);
+
+ protected:
+  using HierarchicalRecord::HierarchicalRecord;
+};
+
+// A service item.
+class TestItem : public TestAnyItem {
+ public:
+  TestItem() : TestAnyItem(Declaration()) {}
+  static const RecordDecl& Declaration();
+};
+
+// A non-inventory item: the same fields, another kind.
+class TestOtherItem : public TestAnyItem {
+ public:
+  TestOtherItem() : TestAnyItem(Declaration()) {}
+  static const RecordDecl& Declaration();
+};
+
+// Items of both kinds in one collection.
+class TestAnyItems : public ListCollection<TestAnyItem, TestItem, TestOtherItem> {
+ public:
+  using ListCollection::ListCollection;
+  template <class K>
+  K& Add(std::string_view name) {
+    auto record = std::make_shared<K>();
+    record->Name(name);
+    return AddNew(std::move(record));
+  }
 };
 
 class TestItems : public HierarchicalCollection<TestItem> {

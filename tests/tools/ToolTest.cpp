@@ -1,8 +1,6 @@
 // The brenvale tool, run as a subprocess against a company file in a fresh folder: what each
 // command prints, where, and with which exit status.
 #include <gtest/gtest.h>
-#include <poll.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -13,6 +11,8 @@
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include "support/ChildProcess.hpp"
 
 namespace {
 
@@ -26,49 +26,11 @@ struct Result {
 
 // Runs the tool with `args` in `dir`, feeding `input` to its standard input.
 Result RunTool(const fs::path& dir, const std::vector<std::string>& args, const std::string& input = {}) {
-  int in[2], out[2], err[2];
-  if (pipe(in) != 0 || pipe(out) != 0 || pipe(err) != 0) return {};
-  pid_t pid = fork();
-  if (pid == 0) {
-    dup2(in[0], 0);
-    dup2(out[1], 1);
-    dup2(err[1], 2);
-    for (int fd : {in[0], in[1], out[0], out[1], err[0], err[1]}) close(fd);
-    if (chdir(dir.c_str()) != 0) _exit(127);
-    std::vector<char*> argv{const_cast<char*>(BRENVALE_TOOL_PATH)};
-    for (const std::string& a : args) argv.push_back(const_cast<char*>(a.c_str()));
-    argv.push_back(nullptr);
-    execv(BRENVALE_TOOL_PATH, argv.data());
-    _exit(127);
-  }
-  close(in[0]);
-  close(out[1]);
-  close(err[1]);
-  if (!input.empty() && write(in[1], input.data(), input.size()) < 0) {
-    // The tool may have exited without reading; its output says why.
-  }
-  close(in[1]);
+  brenvale::testing::ChildProcess tool(BRENVALE_TOOL_PATH, dir, args, input);
   Result r;
-  pollfd fds[2] = {{out[0], POLLIN, 0}, {err[0], POLLIN, 0}};
-  std::string* sinks[2] = {&r.out, &r.err};
-  int open = 2;
-  while (open > 0 && poll(fds, 2, 60000) > 0) {
-    for (int i = 0; i < 2; ++i) {
-      if (fds[i].fd < 0 || !(fds[i].revents & (POLLIN | POLLHUP))) continue;
-      char buf[4096];
-      ssize_t n = read(fds[i].fd, buf, sizeof buf);
-      if (n > 0) {
-        sinks[i]->append(buf, static_cast<std::size_t>(n));
-      } else {
-        close(fds[i].fd);
-        fds[i].fd = -1;
-        --open;
-      }
-    }
-  }
-  int status = 0;
-  waitpid(pid, &status, 0);
-  r.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+  r.status = tool.Finish();
+  r.out = std::move(tool.out);
+  r.err = std::move(tool.err);
   return r;
 }
 
@@ -457,7 +419,7 @@ TEST_F(ToolTest, EveryKindListsInEveryFormat) {
     }
     ++listed;
   }
-  EXPECT_EQ(listed, 14) << kinds.out;
+  EXPECT_EQ(listed, 19) << kinds.out;
 }
 
 TEST_F(ToolTest, RequestSendsADocumentAndReportsFailedResponses) {
@@ -537,6 +499,77 @@ TEST_F(ToolTest, KindsListsTheKindsAndTheirFields) {
   EXPECT_NE(fields.out.find("{\"field\": \"ListID\", \"type\": \"text\", \"add\": false}"), std::string::npos)
       << fields.out;
   EXPECT_FALSE(fs::exists(company_));
+}
+
+// Accounts, the two kinds of terms in their one collection, and price levels: added, listed and
+// changed through the tool, with the library's rules and refusals.
+TEST_F(ToolTest, AccountsTermsAndPriceLevelsAddListAndModify) {
+  Result checking = Tool({"--format", "json", "add", "Account", "Name=Checking", "AccountType=Bank",
+                          "OpenBalance=1000", "OpenBalanceDate=2024-01-01"});
+  ASSERT_EQ(checking.status, 0) << Lines(checking);
+  const std::string checkingId = JsonText(checking.out, "ListID");
+  ASSERT_EQ(Tool({"add", "Account", "Name=Petty", "Parent=Checking", "AccountType=Bank", "OpenBalance=50"}).status, 0);
+
+  struct Case {
+    std::vector<std::string> args;
+    int status;
+    std::string expected;  // in stderr
+  };
+  const std::vector<Case> refused = {
+      {{"add", "Account", "Name=Travel", "Parent=Checking", "AccountType=Expense"}, 1,
+       "error 1303 (0x80040517) in Parent: Parent account type must be the same as childs"},
+      {{"add", "Account", "Name=Misc", "AccountType=Bogus"}, 1, "field AccountType cannot take 'Bogus'"},
+      {{"add", "Account", "Name=Misc", "AccountType=Bank", "AccountNumber=12345678"}, 1, "error 1300 (0x80040514) in Number"},
+      {{"modify", "Account", checkingId, "OpenBalance=5"}, 2,
+       "Account has no field 'OpenBalance' to set; its fields are: Name, IsActive, ParentRef, AccountType, "
+       "AccountNumber, BankNumber, Desc, SalesTaxCodeRef"},
+      {{"add", "DateDrivenTerms", "Name=Late", "DayOfMonthDue=40"}, 1, "error 1900 (0x8004076C) in DayOfMonthDue"},
+      {{"add", "Terms", "Name=Either"}, 2, "Terms holds records of several kinds; add one of them: StandardTerms, "
+                                           "DateDrivenTerms"},
+  };
+  for (const Case& c : refused) {
+    Result r = Tool(c.args);
+    EXPECT_EQ(r.status, c.status) << Lines(r);
+    EXPECT_NE(r.err.find(c.expected), std::string::npos) << Lines(r);
+  }
+
+  Result accounts = Tool({"list", "Account", "--fields", "FullName,Balance", "--name-starts", "Checking"});
+  ASSERT_EQ(accounts.status, 0) << Lines(accounts);
+  EXPECT_EQ(accounts.out, "FullName        Balance\nChecking        1000.00\nChecking:Petty  50.00\n");
+  Result described = Tool({"--format", "json", "modify", "Account", checkingId, "Desc=Main account"});
+  ASSERT_EQ(described.status, 0) << Lines(described);
+  EXPECT_EQ(JsonText(described.out, "Desc"), "Main account") << described.out;
+
+  // Terms: each kind added as itself; the collection lists both, each kind its own.
+  Result net = Tool({"--format", "json", "add", "StandardTerms", "Name=Net 45", "StdDueDays=45"});
+  ASSERT_EQ(net.status, 0) << Lines(net);
+  Result tenth = Tool({"--format", "json", "add", "DateDrivenTerms", "Name=10th", "DayOfMonthDue=10"});
+  ASSERT_EQ(tenth.status, 0) << Lines(tenth);
+  Result all = Tool({"list", "Terms", "--fields", "Name", "--name-contains", "t"});
+  EXPECT_NE(all.out.find("\n10th\n"), std::string::npos) << Lines(all);
+  EXPECT_NE(all.out.find("\nNet 45\n"), std::string::npos) << Lines(all);
+  Result standard = Tool({"list", "StandardTerms", "--fields", "Name,StdDueDays", "--name-contains", "45"});
+  EXPECT_EQ(standard.out, "Name    StdDueDays\nNet 45  45\n") << Lines(standard);
+  Result dateDriven = Tool({"list", "DateDrivenTerms", "--format", "xml"});
+  EXPECT_NE(dateDriven.out.find("<DateDrivenTermsRet>"), std::string::npos) << Lines(dateDriven);
+  EXPECT_EQ(dateDriven.out.find("<StandardTermsRet>"), std::string::npos) << Lines(dateDriven);
+  Result notModified = Tool({"modify", "StandardTerms", JsonText(net.out, "ListID"), "IsActive=false"});
+  EXPECT_EQ(notModified.status, 1) << Lines(notModified);
+  EXPECT_NE(notModified.err.find("error 1003 (0x800403EB): XMLModify not supported [Brenvale: StandardTerms]"),
+            std::string::npos)
+      << Lines(notModified);
+  Result otherKind = Tool({"modify", "StandardTerms", JsonText(tenth.out, "ListID"), "Name=Tenth"});
+  EXPECT_EQ(otherKind.status, 1) << Lines(otherKind);
+  EXPECT_NE(otherKind.err.find("is a DateDrivenTerms, not a StandardTerms"), std::string::npos) << Lines(otherKind);
+
+  // A price level of a fixed percentage, changed.
+  Result staff = Tool({"--format", "json", "add", "PriceLevel", "Name=Staff", "PriceLevelFixedPercentage=-10"});
+  ASSERT_EQ(staff.status, 0) << Lines(staff);
+  EXPECT_EQ(JsonText(staff.out, "PriceLevelType"), "FixedPercentage") << staff.out;
+  Result deeper = Tool({"--format", "json", "modify", "PriceLevel", JsonText(staff.out, "ListID"),
+                        "PriceLevelFixedPercentage=-15.5"});
+  ASSERT_EQ(deeper.status, 0) << Lines(deeper);
+  EXPECT_NE(deeper.out.find("\"PriceLevelFixedPercentage\": -15.5"), std::string::npos) << deeper.out;
 }
 
 TEST_F(ToolTest, DemoRunsOnAFreshCompanyAndAgainOnTheSameOne) {

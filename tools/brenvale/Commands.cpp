@@ -12,6 +12,7 @@
 #include "Kinds.hpp"
 #include "Output.hpp"
 #include "Progress.hpp"
+#include "WebConnector.hpp"
 #include "brenvale/company/BrenvaleGlobals.hpp"
 #include "brenvale/core/Enumerations.hpp"
 #include "brenvale/qbxml/Conversions.hpp"
@@ -87,9 +88,11 @@ void CheckValueText(const FieldDef& f, const std::string& value) {
   }
 }
 
-std::vector<ListRecord*> RecordsOf(ListCollectionBase& c) {
+// The records of the collection that are of the kind.
+std::vector<ListRecord*> RecordsOf(ListCollectionBase& c, const Kind& kind) {
   std::vector<ListRecord*> out;
-  for (Long i = 1; i <= c.Count(); ++i) out.push_back(&c.Item(static_cast<std::size_t>(i)));
+  for (Long i = 1; i <= c.Count(); ++i)
+    if (ListRecord& r = c.Item(static_cast<std::size_t>(i)); kind.Holds(r)) out.push_back(&r);
   return out;
 }
 
@@ -262,7 +265,7 @@ int RunList(const GlobalOptions& g, const ListOptions& o) {
     else
       c.GetAll(o.max);
   }
-  PrintRecords(std::cout, g.OutputFormat(), schema, RecordsOf(c), columns);
+  PrintRecords(std::cout, g.OutputFormat(), schema, RecordsOf(c, kind), columns);
   return kExitOk;
 }
 
@@ -292,7 +295,7 @@ std::vector<std::pair<FieldId, std::string>> ParseAssignments(const Kind& kind, 
                                                               const std::vector<std::string>& assignments) {
   const RecordDecl& schema = kind.decl();
   std::vector<std::pair<FieldId, std::string>> values;
-  std::shared_ptr<ListRecord> scratch = kind.scratch();
+  std::shared_ptr<ListRecord> scratch = kind.scratch ? kind.scratch() : nullptr;
   for (const std::string& a : assignments) {
     const std::size_t eq = a.find('=');
     if (eq == std::string::npos || eq == 0) throw UsageError("expected Field=Value, got '" + a + "'");
@@ -307,7 +310,7 @@ std::vector<std::pair<FieldId, std::string>> ParseAssignments(const Kind& kind, 
     CheckValueText(f, value);
     // Values the library itself refuses (an unknown enumeration value) fail here, before connecting.
     try {
-      scratch->SetFromText(static_cast<FieldId>(id), value);
+      if (scratch) scratch->SetFromText(static_cast<FieldId>(id), value);
     } catch (const BrenvaleError& e) {
       PrintError(std::cerr, e);
       std::string message = "field " + std::string(f.tag) + " cannot take '" + value + "'";
@@ -341,6 +344,8 @@ bool CommitRecord(const Kind& kind, ListCollectionBase& c, ListRecord& record, c
 int RunAdd(const GlobalOptions& g, const AddOptions& o) {
   const Kind& kind = RequireKind(o.kind);
   const RecordDecl& schema = kind.decl();
+  if (!kind.addNew && !kind.members.empty())
+    throw UsageError(kind.name + " holds records of several kinds; add one of them: " + kind.members);
   if (!kind.addNew) throw UsageError(kind.name + " records cannot be added: QuickBooks only reads them");
   const std::vector<FieldId> columns = TableColumns(schema, o.fields);
   const auto values = ParseAssignments(kind, schema.add, o.assignments);
@@ -378,6 +383,9 @@ int RunModify(const GlobalOptions& g, const ModifyOptions& o) {
   }
   if (!record)
     throw ToolFailure(kExitLibrary, "there is no " + kind.name + " with ListID '" + o.listId + "'");
+  if (!kind.Holds(*record))
+    throw ToolFailure(kExitLibrary, "the record with ListID '" + o.listId + "' is a " +
+                                        std::string(record->Decl().xmlName) + ", not a " + kind.name);
   for (const auto& [id, value] : values) record->SetFromText(id, value);
   if (!CommitRecord(kind, c, *record, "changed")) return kExitLibrary;
   PrintRecords(std::cout, g.OutputFormat(), schema, {record}, columns);
@@ -584,6 +592,8 @@ void AddCommands(CLI::App& app, const GlobalOptions& g, Runner& run) {
               "\nThe response document is printed as qbXML whatever --format says; the exit status is 1 when "
               "any response has severity Error.");
   req->callback([&g, &run, file] { run = [&g, file] { return RunRequest(g, *file); }; });
+
+  AddWebConnectorCommand(app, g, run);
 }
 
 }  // namespace brenvale::tool

@@ -147,12 +147,14 @@ ResponseView::Response CollectionCore::SendSimple(
   return SendOne(b, keep, request);
 }
 
-void CollectionCore::RemoveHolding(FieldId idField, std::string_view id) {
+std::size_t CollectionCore::PositionHolding(FieldId idField, std::string_view id) const {
   for (std::size_t position = 1; position <= entries_.size(); ++position)
-    if (entries_[position - 1].record->ValueText(idField) == id) {
-      RemoveAt(position);
-      return;
-    }
+    if (entries_[position - 1].record->ValueText(idField) == id) return position;
+  return 0;
+}
+
+void CollectionCore::RemoveHolding(FieldId idField, std::string_view id) {
+  if (const std::size_t position = PositionHolding(idField, id)) RemoveAt(position);
 }
 
 // --- commit ---------------------------------------------------------------------------------------
@@ -160,15 +162,16 @@ void CollectionCore::RemoveHolding(FieldId idField, std::string_view id) {
 Long CollectionCore::SendBatch(const std::vector<std::size_t>& batch, bool single) {
   const WriteContext add = WriteContext::OfSession(Form::Add);
   const WriteContext mod = add.As(Form::Mod);
-  const std::string name(decl_->xmlName);
   xmlBldr b;
   b.NewClear();
   for (std::size_t position : batch) {
     const RecordCore& r = *entries_[position - 1].record;
     const bool isNew = r.ObjectState() == zqObjectStateNew;
     if (!isNew && r.ObjectState() != zqObjectStateDirty)
-      Raise(1003, "Brenvale: " + std::string(decl_->label), "Unknown Object State");
+      Raise(1003, "Brenvale: " + std::string(r.Label()), "Unknown Object State");
     const std::string id = std::to_string(single ? 1 : position);
+    // Each record's own kind names its request: a collection of several kinds sends several.
+    const std::string name(r.Decl().xmlName);
     const std::string rq = name + (isNew ? "AddRq" : "ModRq");
     const std::string body = name + (isNew ? "Add" : "Mod");
     b.OpenAggregate(rq, "requestID", id);
@@ -225,7 +228,9 @@ bool CollectionCore::ValidateAll() {
   RefCache::Batch batch;
   for (const Entry& e : entries_)
     if (e.record->ObjectState() != zqObjectStateClean)
-      e.record->ForEachReference([&](zqEnumListType list, std::string_view name) { batch.Add(list, name); });
+      e.record->ForEachReference([&](zqEnumListType list, std::string_view name, std::string_view sortTag) {
+        batch.Add(list, name, sortTag);
+      });
   refs.Fetch(batch);
   ValidateContext context = ValidateContext::OfSession();
   for (std::size_t i = 0; i < entries_.size(); ++i)
@@ -244,7 +249,9 @@ Long CollectionCore::CommitBatch(RecordCore* member, bool raise, Long* failures)
     RefCache::Batch names;
     auto gather = [&](const RecordCore& r) {
       if (r.ObjectState() != zqObjectStateClean)
-        r.ForEachReference([&](zqEnumListType list, std::string_view name) { names.Add(list, name); });
+        r.ForEachReference([&](zqEnumListType list, std::string_view name, std::string_view sortTag) {
+          names.Add(list, name, sortTag);
+        });
     };
     if (member)
       gather(*member);
@@ -270,10 +277,11 @@ Long CollectionCore::CommitBatch(RecordCore* member, bool raise, Long* failures)
   }
 
   // A kind QuickBooks cannot modify refuses a changed record before anything of the batch is sent.
-  if (!decl_->modRefusal.empty())
-    for (std::size_t position : batch)
-      if (entries_[position - 1].record->ObjectState() == zqObjectStateDirty)
-        Raise(1003, "Brenvale: " + std::string(decl_->label), decl_->modRefusal);
+  for (std::size_t position : batch) {
+    const RecordCore& r = *entries_[position - 1].record;
+    if (!r.Decl().modRefusal.empty() && r.ObjectState() == zqObjectStateDirty)
+      Raise(1003, "Brenvale: " + std::string(r.Label()), r.Decl().modRefusal);
+  }
   Long committed = 0;
   for (std::size_t from = 0; from < batch.size(); from += CommitMessageSize) {
     const std::vector<std::size_t> part(batch.begin() + static_cast<std::ptrdiff_t>(from),

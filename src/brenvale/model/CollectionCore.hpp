@@ -80,6 +80,8 @@ class CollectionCore {
   ResponseView::Response SendSimple(std::string_view request,
                                     std::initializer_list<std::pair<std::string_view, std::string_view>> children,
                                     DomDocument& keep);
+  // The 1-based position of the first record whose identity field holds `id`, or 0.
+  std::size_t PositionHolding(FieldId idField, std::string_view id) const;
   // Takes out the first record whose identity field holds `id` (nothing when none does).
   void RemoveHolding(FieldId idField, std::string_view id);
 

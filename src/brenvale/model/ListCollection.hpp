@@ -1,14 +1,26 @@
 #pragma once
 // The typed face of a list collection: records come back as T.
+//
+// A collection of several kinds (items of every type, both kinds of terms, every name list) names
+// them after T, their common base: T::Declaration() then describes the list (its query request,
+// label and facts), one query answers records of every kind, and each is read into a record of its
+// own kind (ListCollection<zkItemBase, ItemService, ItemInventory, ...>).
 #include <memory>
+#include <tuple>
+#include <type_traits>
 
 #include "brenvale/model/ListCollectionBase.hpp"
 
 namespace brenvale {
 
-template <class T>
+template <class T, class... Kinds>
 class ListCollection : public ListCollectionBase {
+  static_assert((std::is_base_of_v<T, Kinds> && ...), "the kinds of a collection derive from its record type");
+
  public:
+  // The record kinds the collection holds: T alone, or each of its several kinds.
+  using Members = std::conditional_t<sizeof...(Kinds) == 0, std::tuple<T>, std::tuple<Kinds...>>;
+
   explicit ListCollection(bool master = false) : ListCollectionBase(T::Declaration(), master) {}
 
   T& Item(std::string_view key) override { return static_cast<T&>(ListCollectionBase::Item(key)); }
@@ -30,9 +42,21 @@ class ListCollection : public ListCollectionBase {
   iterator end() { return iterator(this, Size() + 1); }
 
  protected:
-  std::shared_ptr<RecordCore> MakeRecord(std::string_view retName) override { return MakeRecordFor<T>(retName); }
+  std::shared_ptr<RecordCore> MakeRecord(std::string_view retName) override {
+    if constexpr (sizeof...(Kinds) == 0) {
+      return MakeRecordFor<T>(retName);
+    } else {
+      std::shared_ptr<RecordCore> made;
+      ((made = made ? made : MakeRecordFor<Kinds>(retName)), ...);
+      return made;
+    }
+  }
+  bool SeveralKinds() const override { return sizeof...(Kinds) > 0; }
   // For the derived collection's Add(...): a new record, filed, returned for filling.
-  T& AddNew(std::shared_ptr<T> record) { return static_cast<T&>(AddNewRecord(std::move(record))); }
+  template <class K>
+  K& AddNew(std::shared_ptr<K> record) {
+    return static_cast<K&>(AddNewRecord(std::move(record)));
+  }
 };
 
 // A collection of a hierarchical simple list, whose Add takes a name, the active flag and the

@@ -56,12 +56,13 @@ void ListCollectionBase::RequireQuery(std::uint8_t needs) const {
   if ((Facts().queries & needs) != needs) Raise(1026, CollectionLabel());
 }
 
-Long ListCollectionBase::Query(Long maxReturned, std::uint8_t needs, const QueryFilters& filters, bool clearFirst) {
+Long ListCollectionBase::Query(Long maxReturned, std::uint8_t needs, const QueryFilters& filters, bool clearFirst,
+                               std::string_view kind) {
   // A kind whose query takes no filters takes no MaxReturned either: the count is kept here.
   const bool limitHere = maxReturned > 0 && !(Facts().queries & kQueryFilters);
   if (maxReturned > 0 && !limitHere) needs |= kQueryFilters;
   RequireQuery(needs);
-  const std::string rq = std::string(Decl().xmlName) + "QueryRq";
+  const std::string rq = std::string(kind.empty() ? Decl().xmlName : kind) + "QueryRq";
   const Long page = IteratorPageSize;
   const bool filtered = (needs & kQueryFilters) || !filters;
   // Only a query of the filtered form pages (one by ListID or FullName takes no MaxReturned).
@@ -204,14 +205,28 @@ Long ListCollectionBase::Delete(const std::string& ListID, bool bRemove) {
   if (!Facts().deletable) Raise(1026, CollectionLabel());
   RequireQuery(kQueryNone);
   CollectionErrors().Clear();
+  // "ListDelType" names the record's own kind. A collection of several kinds that does not hold the
+  // record asks QuickBooks for it first, and lets it go again afterwards.
+  std::size_t held = PositionHolding(ListRecord::kListID, ListID);
+  bool fetched = false;
+  if (!held && SeveralKinds()) {
+    if (!GetByListID(ListID)) {
+      CollectionErrors().AddCode(1001, "", "QuickBooks: no record has the ListID " + ListID);
+      Raise(1026, CollectionLabel());
+    }
+    held = PositionHolding(ListRecord::kListID, ListID);
+    fetched = true;
+  }
+  const std::string type(held ? At(held).Decl().xmlName : Decl().xmlName);
   DomDocument doc;
-  ResponseView::Response rs = SendSimple("ListDelRq", {{"ListDelType", Decl().xmlName}, {"ListID", ListID}}, doc);
+  ResponseView::Response rs = SendSimple("ListDelRq", {{"ListDelType", type}, {"ListID", ListID}}, doc);
   const Long status = rs.StatusCode();
   if (status != 0) {
+    if (fetched) RemoveHolding(ListRecord::kListID, ListID);
     CollectionErrors().AddCode(1001, "", "QuickBooks: " + rs.Message());
     Raise(1026, CollectionLabel());
   }
-  if (bRemove) RemoveHolding(ListRecord::kListID, ListID);
+  if (bRemove || fetched) RemoveHolding(ListRecord::kListID, ListID);
   return status;
 }
 

@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "brenvale/core/ProcessorHresult.hpp"
+
 namespace brenvale::rqp {
 
 // What the engine says about itself (the host query), which qbXML versions it accepts, and how
@@ -27,16 +29,7 @@ struct HostFacts {
   bool RelaxElementOrder = false;
 };
 
-// QuickBooks' request-processor error numbers used by the engine.
-namespace hresult {
-inline constexpr std::int32_t kParseError = static_cast<std::int32_t>(0x80040400u);
-inline constexpr std::int32_t kCouldNotAccess = static_cast<std::int32_t>(0x80040401u);
-inline constexpr std::int32_t kUnexpected = static_cast<std::int32_t>(0x80040402u);
-inline constexpr std::int32_t kCouldNotOpenFile = static_cast<std::int32_t>(0x80040403u);
-inline constexpr std::int32_t kBeginSessionNotCalled = static_cast<std::int32_t>(0x8004040Cu);
-inline constexpr std::int32_t kInvalidTicket = static_cast<std::int32_t>(0x8004040Du);
-inline constexpr std::int32_t kFileOpenInOtherMode = static_cast<std::int32_t>(0x80040410u);
-inline constexpr std::int32_t kSessionAlreadyBegun = static_cast<std::int32_t>(0x80040411u);
-}  // namespace hresult
+// QuickBooks' request-processor error numbers, as every processor raises them.
+namespace hresult = brenvale::hresult;
 
 }  // namespace brenvale::rqp

@@ -1,11 +1,12 @@
 #pragma once
-// Runs code that must raise a library error, and hands the error over.
+// Runs code that must raise a library error and hands the error back for checking.
 #include <gtest/gtest.h>
 
 #include "brenvale/core/BrenvaleError.hpp"
 
 namespace brenvale::testing {
 
+// Runs `f`, which must raise a library error, and returns that error.
 template <class F>
 BrenvaleError RaisedBy(F&& f) {
   try {

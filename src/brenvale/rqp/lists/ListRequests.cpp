@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <variant>
 
+#include "brenvale/rqp/ledger/Ledger.hpp"
 #include "brenvale/rqp/lists/ListKinds.hpp"
 #include "brenvale/rqp/protocol/Guid.hpp"
 #include "brenvale/rqp/protocol/Status.hpp"
@@ -296,6 +297,70 @@ void HandleListDeletedQuery(Context& co, const Request& rq, Reply& reply) {
   }
 }
 
+// A record of `kinds` a reference names by ListID or full name; nullopt when it names none.
+std::optional<Record> Referenced(Context& co, const Kinds& kinds, pugi::xml_node ref) {
+  if (auto id = ref.child("ListID")) return FindById(co, kinds, id.text().get());
+  return FindByName(co, kinds, ref.child("FullName").text().get());
+}
+
+// A vendor's open bills and the credits it has to apply, each from what its transaction left open
+// on an accounts payable account: a credit balance is a bill to pay, a debit balance a credit to
+// apply. A vendor's opening balance is a bill dated and due on its opening-balance date.
+void HandleBillToPayQuery(Context& co, const Request& rq, Reply& reply) {
+  pugi::xml_node payeeRef = rq.node.child("PayeeEntityRef");
+  auto payee = Referenced(co, KindsOf(Family::Entity), payeeRef);
+  if (!payee) {
+    std::string value = payeeRef.child("ListID") ? payeeRef.child("ListID").text().get()
+                                                 : payeeRef.child("FullName").text().get();
+    throw InvalidReference("Entity", value, "Bill To Pay query");
+  }
+  // Every accounts payable account, or the one named.
+  std::vector<std::string> accounts;
+  auto& payables = co.Data().Db().Prepare(
+      "SELECT r.list_id FROM record_values v JOIN records r ON r.id = v.record "
+      "WHERE v.field = 'AccountType' AND v.value = 'AccountsPayable'");
+  while (payables.Step()) accounts.emplace_back(payables.Text(0));
+  payables.Reset();
+  if (auto apRef = rq.node.child("APAccountRef")) {
+    auto ap = Referenced(co, {KindByBase("Account")}, apRef);
+    if (!ap) throw InvalidReference("Account", apRef.first_child().text().get(), "Bill To Pay query");
+    bool payable = std::find(accounts.begin(), accounts.end(), ap->listId) != accounts.end();
+    accounts.assign(payable ? 1 : 0, ap->listId);
+  }
+  bool inCurrency = true;
+  if (auto filter = rq.node.child("CurrencyFilter")) {
+    auto& s = co.Data().Db().Prepare("SELECT target FROM refs WHERE source = ? AND field = 'CurrencyRef'");
+    s.Bind(1, payee->rowId);
+    std::string currency = s.Step() ? std::string(s.Text(0)) : std::string();
+    s.Reset();
+    auto wanted = FilterTargets(co, {KindByBase("Currency")}, filter);
+    inCurrency = std::find(wanted.begin(), wanted.end(), currency) != wanted.end();
+  }
+  std::string dueBy = rq.node.child("DueDate").text().get();
+  RetOptions options = OptionsOf(rq.node, rq.version);
+  int count = 0;
+  if (payee->kind == KindByBase("Vendor")->code && inCurrency) {
+    for (auto& open : Ledger(co.Data()).OpenAmounts(payee->listId, accounts)) {
+      bool bill = open.amount < 0;
+      if (bill && !dueBy.empty() && open.date > dueBy) continue;
+      std::string ret = bill ? "<BillToPayRet><BillToPay>" : "<BillToPayRet><CreditToApply>";
+      AppendElement(ret, "TxnID", open.txnId);
+      AppendElement(ret, "TxnType", bill ? "Bill" : "VendorCredit");
+      ret += "<APAccountRef><ListID>" + open.account + "</ListID></APAccountRef>";
+      AppendElement(ret, "TxnDate", open.date);
+      if (bill) AppendElement(ret, "DueDate", open.date);
+      AppendElement(ret, bill ? "AmountDue" : "CreditRemaining", FormatNumber(VType::Amt, bill ? -open.amount : open.amount));
+      ret += bill ? "</BillToPay></BillToPayRet>" : "</CreditToApply></BillToPayRet>";
+      WriteRecord(co, {}, ret, options, reply.body);
+      ++count;
+    }
+  }
+  if (count == 0) {
+    reply.status = 1;
+    reply.message = kNoMatchText;
+  }
+}
+
 }  // namespace
 
 void AddListHandlers(HandlerTable& table) {
@@ -316,6 +381,7 @@ void AddListHandlers(HandlerTable& table) {
   combined("TermsQueryRq", Family::Terms);
   table["ListDelRq"] = HandleListDel;
   table["ListDeletedQueryRq"] = HandleListDeletedQuery;
+  table["BillToPayQueryRq"] = HandleBillToPayQuery;
 }
 
 }  // namespace brenvale::rqp::detail

@@ -231,6 +231,53 @@ INSTANTIATE_TEST_SUITE_P(
                     {{"DiscountRate", "10.00"}, {"DiscountRatePercent", ""}}}),
     [](const ::testing::TestParamInfo<LibraryCase>& p) { return p.param.kind; });
 
+// A payroll block's earnings are replaced whole by the earnings of a modify, and emptied by
+// ClearEarnings; what the modify leaves out stays.
+TEST_F(LibraryRequestsTest, EarningsAreReplacedWholeOrCleared) {
+  Add("PayrollItemWage", E("Name", "Bonus") + E("WageType", "Bonus") + Ref("ExpenseAccountRef", "Payroll Expenses"));
+  auto earning = [](const std::string& wage, const std::string& rate) {
+    return E("Earnings", Ref("PayrollItemWageRef", wage) + rate);
+  };
+  pugi::xml_node eve = Add("Employee", E("FirstName", "Eve") + E("LastName", "Ray") +
+                                           E("EmployeePayrollInfo", E("PayPeriod", "Weekly") +
+                                                                        earning("Hourly", E("Rate", "20")) +
+                                                                        earning("Bonus", E("RatePercent", "5"))));
+  ASSERT_EQ(eve.child("EmployeePayrollInfo").select_nodes("Earnings").size(), 2u);
+  ASSERT_EQ(Mod("Employee", eve, E("EmployeePayrollInfoMod", earning("Bonus", E("RatePercent", "7")))).code, 0);
+  pugi::xml_node read = Read("Employee", eve);
+  EXPECT_EQ(read.child("EmployeePayrollInfo").select_nodes("Earnings").size(), 1u);
+  EXPECT_EQ(Text(read, "EmployeePayrollInfo/Earnings/RatePercent"), "7.00");
+  EXPECT_EQ(Text(read, "EmployeePayrollInfo/PayPeriod"), "Weekly");
+  ASSERT_EQ(Mod("Employee", read, E("EmployeePayrollInfoMod", E("ClearEarnings", "true"))).code, 0);
+  read = Read("Employee", eve);
+  EXPECT_FALSE(read.first_element_by_path("EmployeePayrollInfo/Earnings"));
+  EXPECT_EQ(Text(read, "EmployeePayrollInfo/PayPeriod"), "Weekly");
+  // The add form of the block is not taken in a modify.
+  EXPECT_THROW(Mod("Employee", read, E("EmployeePayrollInfo", E("PayPeriod", "Monthly"))), BrenvaleError);
+}
+
+// A value goes on an item of any kind by its ListID under the one type "Item"; a ListID of another
+// kind than the type named is an invalid reference, and nothing is added.
+TEST_F(LibraryRequestsTest, DataExtensionValuesFindTheirObjectByListId) {
+  const std::string owner = "{6B063959-81B0-4622-85D6-F548C8CCB517}";
+  ASSERT_EQ(One("<DataExtDefAddRq><DataExtDefAdd>" + E("OwnerID", owner) + E("DataExtName", "Grade") +
+                E("DataExtType", "STR255TYPE") + "</DataExtDefAdd></DataExtDefAddRq>").code, 0);
+  auto value = [&](const std::string& type, const std::string& id) {
+    return One("<DataExtAddRq><DataExtAdd>" + E("OwnerID", owner) + E("DataExtName", "Grade") +
+               E("ListDataExtType", type) + E("ListObjRef", E("ListID", id)) + E("DataExtValue", "A") +
+               "</DataExtAdd></DataExtAddRq>");
+  };
+  pugi::xml_node bolt = One("<ItemQueryRq><FullName>Bolt</FullName></ItemQueryRq>").node.first_child();
+  pugi::xml_node buyer = One("<CustomerQueryRq><FullName>Other Customer</FullName></CustomerQueryRq>").node.first_child();
+  ASSERT_EQ(value("Item", Text(bolt, "ListID")).code, 0);
+  Status mismatched = value("Vendor", Text(buyer, "ListID"));
+  EXPECT_EQ(mismatched.code, 3140) << mismatched.message;
+  Status items = One("<ItemQueryRq><FullName>Bolt</FullName><OwnerID>0</OwnerID>" + E("OwnerID", owner) + "</ItemQueryRq>");
+  EXPECT_EQ(Text(items.node, "ItemInventoryRet/DataExtRet/DataExtValue"), "A");
+  Status customers = One("<CustomerQueryRq><FullName>Other Customer</FullName>" + E("OwnerID", owner) + "</CustomerQueryRq>");
+  EXPECT_FALSE(customers.node.first_element_by_path("CustomerRet/DataExtRet"));
+}
+
 using BillsToPayTest = EngineTest;
 
 // A vendor's open bills come from what its transactions left owed on accounts payable: its opening

@@ -319,5 +319,41 @@ TEST_F(BillsToPayTest, AVendorsOpeningBalanceIsABillToPay) {
   EXPECT_EQ(query(E("FullName", "Mill"), Ref("APAccountRef", "Nowhere")).code, 3140);
 }
 
+// Every query counts what it found when asked to (retCount), and answers only the count for
+// metaData="MetaDataOnly"; finding nothing is status 1 either way.
+TEST_F(BillsToPayTest, QueriesCountWhatTheyFind) {
+  Add("Vendor", E("Name", "Mill") + E("OpenBalance", "300"));
+  pugi::xml_node gone = Add("Class", E("Name", "Gone"));
+  ASSERT_EQ(One("<ListDelRq><ListDelType>Class</ListDelType>" + E("ListID", Text(gone, "ListID")) + "</ListDelRq>").code, 0);
+  ASSERT_EQ(One("<DataExtDefAddRq><DataExtDefAdd><OwnerID>0</OwnerID>" + E("DataExtName", "Color") +
+                E("DataExtType", "STR255TYPE") + E("AssignToObject", "Customer") + "</DataExtDefAdd></DataExtDefAddRq>").code,
+            0);
+  struct Case {
+    std::string query, finds, findsNothing;
+  };
+  for (const Case& c : {Case{"BillToPay", E("PayeeEntityRef", E("FullName", "Mill")),
+                             E("PayeeEntityRef", E("FullName", "Mill")) + E("DueDate", "1990-01-01")},
+                        Case{"ListDeleted", E("ListDelType", "Class"), E("ListDelType", "Customer")},
+                        Case{"DataExtDef", E("AssignToObject", "Customer"), E("AssignToObject", "Vendor")},
+                        Case{"Vendor", E("FullName", "Mill"), E("NameFilter", E("MatchCriterion", "StartsWith") +
+                                                                                  E("Name", "Q"))}}) {
+    SCOPED_TRACE(c.query);
+    auto send = [&](const std::string& metaData, const std::string& body) {
+      return One("<" + c.query + "QueryRq metaData=\"" + metaData + "\">" + body + "</" + c.query + "QueryRq>");
+    };
+    Status counted = send("MetaDataOnly", c.finds);
+    EXPECT_EQ(counted.code, 0);
+    EXPECT_EQ(counted.node.attribute("retCount").as_int(), 1);
+    EXPECT_FALSE(counted.node.first_child());
+    Status both = send("MetaDataAndResponseData", c.finds);
+    EXPECT_EQ(both.node.attribute("retCount").as_int(), 1);
+    EXPECT_TRUE(both.node.first_child());
+    EXPECT_FALSE(send("NoMetaData", c.finds).node.attribute("retCount"));
+    Status none = send("MetaDataOnly", c.findsNothing);
+    EXPECT_EQ(none.code, 1);
+    EXPECT_EQ(none.node.attribute("retCount").as_int(), 0);
+  }
+}
+
 }  // namespace
 }  // namespace rqptest

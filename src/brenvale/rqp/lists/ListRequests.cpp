@@ -181,8 +181,7 @@ void HandleQuery(Context& co, const Request& rq, Reply& reply, const Kinds& kind
   pugi::xml_node node = rq.node;
   std::string iterator(Trim(node.attribute("iterator").value()));
   if (iterator == "Continue" || iterator == "Stop") return ContinueIteration(co, rq, reply, iterator);
-  std::string metaData(Trim(node.attribute("metaData").value()));
-  bool countOnly = metaData == "MetaDataOnly";
+  bool countOnly = CountOnly(rq);
   RetOptions options = OptionsOf(node, rq.version);
   std::int64_t maxReturned = node.child("MaxReturned") ? node.child("MaxReturned").text().as_llong() : -1;
 
@@ -236,16 +235,12 @@ void HandleQuery(Context& co, const Request& rq, Reply& reply, const Kinds& kind
       else rest.push_back(s.Int(0));
     }
     s.Reset();
-    if (total == 0) {
-      reply.status = 1;
-      reply.message = kNoMatchText;
-    }
   }
   if (iterator == "Start" && maxReturned >= 0 && page.size() > static_cast<std::size_t>(maxReturned)) {
     rest.insert(rest.begin(), page.begin() + maxReturned, page.end());
     page.resize(static_cast<std::size_t>(maxReturned));
   }
-  if (!metaData.empty() && metaData != "NoMetaData") reply.Attribute("retCount", std::to_string(total));
+  Found(rq, reply, total);
   if (!countOnly) WriteRows(co, page, options, reply.body);
   if (iterator == "Start") {
     std::size_t remaining = rest.size();
@@ -281,6 +276,8 @@ void HandleListDeletedQuery(Context& co, const Request& rq, Reply& reply) {
   }
   RetOptions options = OptionsOf(rq.node, rq.version);
   auto rows = co.Data().Deleted(types, from, to);
+  Found(rq, reply, rows.size());
+  if (CountOnly(rq)) return;
   for (auto& d : rows) {
     std::string ret = "<ListDeletedRet>";
     AppendElement(ret, "ListDelType", d.delType);
@@ -290,10 +287,6 @@ void HandleListDeletedQuery(Context& co, const Request& rq, Reply& reply) {
     if (!d.fullName.empty()) AppendElement(ret, "FullName", d.fullName);
     ret += "</ListDeletedRet>";
     WriteRecord(co, {}, ret, options, reply.body);
-  }
-  if (rows.empty()) {
-    reply.status = 1;
-    reply.message = kNoMatchText;
   }
 }
 
@@ -338,7 +331,7 @@ void HandleBillToPayQuery(Context& co, const Request& rq, Reply& reply) {
   }
   std::string dueBy = rq.node.child("DueDate").text().get();
   RetOptions options = OptionsOf(rq.node, rq.version);
-  int count = 0;
+  std::vector<std::string> rets;
   if (payee->kind == KindByBase("Vendor")->code && inCurrency) {
     for (auto& open : Ledger(co.Data()).OpenAmounts(payee->listId, accounts)) {
       bool bill = open.amount < 0;
@@ -350,15 +343,12 @@ void HandleBillToPayQuery(Context& co, const Request& rq, Reply& reply) {
       AppendElement(ret, "TxnDate", open.date);
       if (bill) AppendElement(ret, "DueDate", open.date);
       AppendElement(ret, bill ? "AmountDue" : "CreditRemaining", FormatNumber(VType::Amt, bill ? -open.amount : open.amount));
-      ret += bill ? "</BillToPay></BillToPayRet>" : "</CreditToApply></BillToPayRet>";
-      WriteRecord(co, {}, ret, options, reply.body);
-      ++count;
+      rets.push_back(ret + (bill ? "</BillToPay></BillToPayRet>" : "</CreditToApply></BillToPayRet>"));
     }
   }
-  if (count == 0) {
-    reply.status = 1;
-    reply.message = kNoMatchText;
-  }
+  Found(rq, reply, rets.size());
+  if (!CountOnly(rq))
+    for (auto& ret : rets) WriteRecord(co, {}, ret, options, reply.body);
 }
 
 }  // namespace

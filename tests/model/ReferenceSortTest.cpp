@@ -5,6 +5,7 @@
 
 #include "brenvale/model/ChildList.hpp"
 #include "brenvale/model/ListCollection.hpp"
+#include "brenvale/model/Lists.hpp"
 #include "brenvale/model/RefCache.hpp"
 #include "model/ModelTestSupport.hpp"
 
@@ -217,6 +218,31 @@ TEST_F(ReferenceSorts, ChildRecordsNamesAreFetchedWithTheirOwners) {
   for (const char* name : {"Bolts", "Nuts", "Washers"})
     EXPECT_NE(itemQueries[0].find(std::string("<FullName>") + name + "</FullName>"), std::string::npos) << name;
   EXPECT_EQ(TheRefCache().Find(zqListTypeItem, "Nuts"), RefAnswer::Missing);
+}
+
+// A second master of a list (a host's, a test's) stands in for the first while it lives; the first
+// is the master again afterwards, and still finds what it holds.
+TEST_F(ReferenceSorts, AMasterStandingInForAnotherGivesItBack) {
+  SortedAccounts company(true);
+  company.Add("Cash").Type(qbBank);
+  {
+    SortedAccounts other(true);
+    EXPECT_EQ(TheLists().Master(zqListTypeAccount), &other);
+    {
+      SortedAccounts third(true);
+      EXPECT_EQ(TheLists().Master(zqListTypeAccount), &third);
+    }
+    EXPECT_EQ(TheLists().Master(zqListTypeAccount), &other);
+  }
+  EXPECT_EQ(TheLists().Master(zqListTypeAccount), &company);
+  SortedAccount& petty = company.Add("Petty", true, "Cash");
+  petty.Type(qbBank);
+  EXPECT_TRUE(petty.Validate());
+  // One that goes while it is stood in for is not given back.
+  auto hidden = std::make_unique<SortedAccounts>(true);
+  SortedAccounts top(true);
+  hidden.reset();
+  EXPECT_EQ(TheLists().Master(zqListTypeAccount), &top);
 }
 
 }  // namespace

@@ -314,6 +314,13 @@ TEST_F(BillsToPayTest, AVendorsOpeningBalanceIsABillToPay) {
     EXPECT_EQ(none.code, 1) << payee << rest;
     EXPECT_EQ(none.message, "A query request did not find a matching object in QuickBooks");
   }
+  // A vendor that owes the company: a credit to apply.
+  pugi::xml_node owing = Add("Vendor", E("Name", "Owing") + E("OpenBalance", "-50"));
+  Status credit = query(E("FullName", "Owing"));
+  ASSERT_EQ(credit.code, 0) << credit.message;
+  EXPECT_EQ(Text(credit.node, "BillToPayRet/CreditToApply/TxnType"), "VendorCredit");
+  EXPECT_EQ(Text(credit.node, "BillToPayRet/CreditToApply/CreditRemaining"), "50.00");
+  EXPECT_EQ(Text(Read("Vendor", owing), "Balance"), "-50.00");
   // What is not there is an invalid reference.
   EXPECT_EQ(query(E("FullName", "Nobody")).code, 3140);
   EXPECT_EQ(query(E("FullName", "Mill"), Ref("APAccountRef", "Nowhere")).code, 3140);

@@ -290,23 +290,21 @@ void HandleListDeletedQuery(Context& co, const Request& rq, Reply& reply) {
   }
 }
 
-// A record of `kinds` a reference names by ListID or full name; nullopt when it names none.
-std::optional<Record> Referenced(Context& co, const Kinds& kinds, pugi::xml_node ref) {
-  if (auto id = ref.child("ListID")) return FindById(co, kinds, id.text().get());
-  return FindByName(co, kinds, ref.child("FullName").text().get());
+// The record of `kinds` a reference of a bills-to-pay query names by ListID or full name; an invalid
+// reference to the `list` when it names none.
+Record Referenced(Context& co, const Kinds& kinds, pugi::xml_node ref, std::string_view list) {
+  std::string value = ref.first_child().text().get();
+  auto r = std::string_view(ref.first_child().name()) == "ListID" ? FindById(co, kinds, value)
+                                                                    : FindByName(co, kinds, value);
+  if (!r) throw InvalidReference(list, value, "Bill To Pay query");
+  return *r;
 }
 
 // A vendor's open bills and the credits it has to apply, each from what its transaction left open
 // on an accounts payable account: a credit balance is a bill to pay, a debit balance a credit to
 // apply. A vendor's opening balance is a bill dated and due on its opening-balance date.
 void HandleBillToPayQuery(Context& co, const Request& rq, Reply& reply) {
-  pugi::xml_node payeeRef = rq.node.child("PayeeEntityRef");
-  auto payee = Referenced(co, KindsOf(Family::Entity), payeeRef);
-  if (!payee) {
-    std::string value = payeeRef.child("ListID") ? payeeRef.child("ListID").text().get()
-                                                 : payeeRef.child("FullName").text().get();
-    throw InvalidReference("Entity", value, "Bill To Pay query");
-  }
+  Record payee = Referenced(co, KindsOf(Family::Entity), rq.node.child("PayeeEntityRef"), "Entity");
   // Every accounts payable account, or the one named.
   std::vector<std::string> accounts;
   auto& payables = co.Data().Db().Prepare(
@@ -315,15 +313,14 @@ void HandleBillToPayQuery(Context& co, const Request& rq, Reply& reply) {
   while (payables.Step()) accounts.emplace_back(payables.Text(0));
   payables.Reset();
   if (auto apRef = rq.node.child("APAccountRef")) {
-    auto ap = Referenced(co, {KindByBase("Account")}, apRef);
-    if (!ap) throw InvalidReference("Account", apRef.first_child().text().get(), "Bill To Pay query");
-    bool payable = std::find(accounts.begin(), accounts.end(), ap->listId) != accounts.end();
-    accounts.assign(payable ? 1 : 0, ap->listId);
+    Record ap = Referenced(co, {KindByBase("Account")}, apRef, "Account");
+    bool payable = std::find(accounts.begin(), accounts.end(), ap.listId) != accounts.end();
+    accounts.assign(payable ? 1 : 0, ap.listId);
   }
   bool inCurrency = true;
   if (auto filter = rq.node.child("CurrencyFilter")) {
     auto& s = co.Data().Db().Prepare("SELECT target FROM refs WHERE source = ? AND field = 'CurrencyRef'");
-    s.Bind(1, payee->rowId);
+    s.Bind(1, payee.rowId);
     std::string currency = s.Step() ? std::string(s.Text(0)) : std::string();
     s.Reset();
     auto wanted = FilterTargets(co, {KindByBase("Currency")}, filter);
@@ -332,8 +329,8 @@ void HandleBillToPayQuery(Context& co, const Request& rq, Reply& reply) {
   std::string dueBy = rq.node.child("DueDate").text().get();
   RetOptions options = OptionsOf(rq.node, rq.version);
   std::vector<std::string> rets;
-  if (payee->kind == KindByBase("Vendor")->code && inCurrency) {
-    for (auto& open : Ledger(co.Data()).OpenAmounts(payee->listId, accounts)) {
+  if (payee.kind == KindByBase("Vendor")->code && inCurrency) {
+    for (auto& open : Ledger(co.Data()).OpenAmounts(payee.listId, accounts)) {
       bool bill = open.amount < 0;
       if (bill && !dueBy.empty() && open.date > dueBy) continue;
       std::string ret = bill ? "<BillToPayRet><BillToPay>" : "<BillToPayRet><CreditToApply>";
@@ -342,7 +339,8 @@ void HandleBillToPayQuery(Context& co, const Request& rq, Reply& reply) {
       ret += "<APAccountRef><ListID>" + open.account + "</ListID></APAccountRef>";
       AppendElement(ret, "TxnDate", open.date);
       if (bill) AppendElement(ret, "DueDate", open.date);
-      AppendElement(ret, bill ? "AmountDue" : "CreditRemaining", FormatNumber(VType::Amt, bill ? -open.amount : open.amount));
+      AppendElement(ret, bill ? "AmountDue" : "CreditRemaining",
+                    FormatNumber(VType::Amt, bill ? -open.amount : open.amount));
       rets.push_back(ret + (bill ? "</BillToPay></BillToPayRet>" : "</CreditToApply></BillToPayRet>"));
     }
   }

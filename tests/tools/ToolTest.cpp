@@ -578,7 +578,9 @@ TEST_F(ToolTest, DemoRunsOnAFreshCompanyAndAgainOnTheSameOne) {
   EXPECT_TRUE(fs::exists(dir_ / "brenvale-demo.qbw"));
   for (const char* expected :
        {"Installation:Residential", "added, ListID", "qbXML version",
-        "error 1013 (0x800403F5) in Name: Name cannot exceed 31 characters", "deleted"})
+        "error 1013 (0x800403F5) in Name: Name cannot exceed 31 characters", "deleted",
+        "SumSubAccountBalances(Operating) = 8250.00", "Jones Residence:Retrofit",
+        "12 Harbor Road, Boston MA 02110", "Installation:Residential"})
     EXPECT_NE(first.out.find(expected), std::string::npos) << expected << "\n" << first.out;
   EXPECT_EQ(first.err, "");
 

@@ -9,7 +9,12 @@
 #include <string>
 #include <vector>
 
+#include <memory>
+#include <pugixml.hpp>
+#include <string_view>
+
 #include "brenvale/core/RequestProcessor.hpp"
+#include "brenvale/qbxml/Session.hpp"
 
 namespace brenvale::bench {
 
@@ -46,5 +51,33 @@ class CannedProcessor : public IRequestProcessor {
   const std::string& (*response_)();
   ProcessorAuthPreferences prefs_;
 };
+
+// A US desktop 13.0 session whose every request `response` answers.
+inline void ConnectCanned(const std::string& (*response)()) {
+  Session& session = CurrentSession();
+  session.qbxmlVersion = "13.0";
+  session.qbXMLVersionNumber = VersionNumberOf("13.0");
+  session.country = "US";
+  session.processor = std::make_shared<CannedProcessor>(response);
+  session.ticket = "T";
+}
+
+// The floor a read is measured against: `text` parsed by pugixml and the text of every element of
+// every `ret` in the `rs` response touched (those of nested aggregates too), nothing kept. Returns the
+// number of Ret elements, or -1 when the text does not parse.
+inline long BareWalk(const std::string& text, const char* rs, const char* ret, std::size_t& touched) {
+  pugi::xml_document doc;
+  if (!doc.load_buffer(text.data(), text.size())) return -1;
+  long records = 0;
+  for (pugi::xml_node r : doc.child("QBXML").child("QBXMLMsgsRs").child(rs).children(ret)) {
+    ++records;
+    for (pugi::xml_node field : r.children()) {
+      touched += std::string_view(field.child_value()).size();
+      for (pugi::xml_node part : field.children())
+        if (part.type() == pugi::node_element) touched += std::string_view(part.child_value()).size();
+    }
+  }
+  return records;
+}
 
 }  // namespace brenvale::bench

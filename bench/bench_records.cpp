@@ -5,9 +5,7 @@
 // The heap is counted by this program's own operator new/delete and pugixml's allocation hooks.
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
 #include <memory>
-#include <new>
 #include <pugixml.hpp>
 #include <string>
 #include <vector>
@@ -17,42 +15,13 @@
 #include "brenvale/qbxml/Session.hpp"
 #include "model/TestKinds.hpp"
 
-namespace {
-
-// --- counting the heap --------------------------------------------------------------------------
-
-std::size_t gLive = 0;
-std::size_t gPeak = 0;
-
-void* Counted(std::size_t n) {
-  auto* p = static_cast<std::size_t*>(std::malloc(n + 16));
-  if (!p) throw std::bad_alloc();
-  *p = n;
-  gLive += n;
-  if (gLive > gPeak) gPeak = gLive;
-  return reinterpret_cast<char*>(p) + 16;
-}
-
-void Uncounted(void* q) {
-  if (!q) return;
-  auto* p = reinterpret_cast<std::size_t*>(static_cast<char*>(q) - 16);
-  gLive -= *p;
-  std::free(p);
-}
-
-struct PugiHooks {
-  PugiHooks() { pugi::set_memory_management_functions(&Counted, &Uncounted); }
-} gPugiHooks;
-
-}  // namespace
-
-void* operator new(std::size_t n) { return Counted(n); }
-void operator delete(void* p) noexcept { Uncounted(p); }
-void operator delete(void* p, std::size_t) noexcept { Uncounted(p); }
+#include "HeapCount.hpp"
 
 namespace {
 
 using namespace brenvale;
+using bench::gLive;
+using bench::PeakAbove;
 constexpr int kCustomers = 10000;
 
 // The generator's 10,000-customer response.
@@ -61,14 +30,7 @@ const std::string& CustomerResponse() {
   return response;
 }
 
-void Connect() {
-  Session& session = CurrentSession();
-  session.qbxmlVersion = "13.0";
-  session.qbXMLVersionNumber = VersionNumberOf("13.0");
-  session.country = "US";
-  session.processor = std::make_shared<bench::CannedProcessor>(&CustomerResponse);
-  session.ticket = "T";
-}
+void Connect() { bench::ConnectCanned(&CustomerResponse); }
 
 // Live heap per record: `kPer` records of one element each, read and kept.
 template <class Record>
@@ -128,12 +90,11 @@ void BM_CustomersRead(benchmark::State& state) {
   CustomerResponse();
   std::size_t peak = 0;
   for (auto _ : state) {
-    gPeak = gLive;
-    const std::size_t base = gLive;
+    PeakAbove heap;
     testing::TestCustomers customers;
     if (customers.GetAll() != kCustomers) state.SkipWithError("the query read the wrong number of records");
     benchmark::DoNotOptimize(customers.Item(std::size_t{1}).ListID());
-    peak = gPeak - base;
+    peak = heap.Bytes();
   }
   state.counters["peak_bytes"] = static_cast<double>(peak);
   state.SetItemsProcessed(state.iterations() * kCustomers);
@@ -145,20 +106,13 @@ void BM_CustomersBareWalk(benchmark::State& state) {
   CustomerResponse();
   std::size_t peak = 0;
   for (auto _ : state) {
-    gPeak = gLive;
-    const std::size_t base = gLive;
+    PeakAbove heap;
     const std::string text = CustomerResponse();
-    pugi::xml_document doc;
-    if (!doc.load_buffer(text.data(), text.size())) state.SkipWithError("parse failed");
-    std::size_t records = 0, bytes = 0;
-    for (pugi::xml_node ret :
-         doc.child("QBXML").child("QBXMLMsgsRs").child("CustomerQueryRs").children("CustomerRet")) {
-      ++records;
-      for (pugi::xml_node field : ret.children()) bytes += std::string_view(field.child_value()).size();
-    }
+    std::size_t bytes = 0;
+    const long records = bench::BareWalk(text, "CustomerQueryRs", "CustomerRet", bytes);
     if (records != kCustomers) state.SkipWithError("the walk found the wrong number of records");
     benchmark::DoNotOptimize(bytes);
-    peak = gPeak - base;
+    peak = heap.Bytes();
   }
   state.counters["peak_bytes"] = static_cast<double>(peak);
   state.SetItemsProcessed(state.iterations() * kCustomers);

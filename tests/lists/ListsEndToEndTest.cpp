@@ -571,5 +571,171 @@ TEST_F(CompanyEndToEnd, PriceLevelsOfBothForms) {
   EXPECT_TRUE(left.ItemExists("Staff and family"));
 }
 
+// --- the name lists --------------------------------------------------------------------------------
+
+// The first error a record holds after a commit, for a failure's message.
+std::string FirstError(ListRecord& r) { return r.Errors().Count() ? r.Errors()[1].Description() : ""; }
+
+// A customer with a job and both addresses, a vendor, an employee and an other name: added in one
+// batch each, read back by every query (through their own lists and the entity list), changed,
+// deleted.
+TEST_F(CompanyEndToEnd, NamesOfEveryListAddQueryModifyAndDelete) {
+  using G = BrenvaleGlobals;
+  Customers& customers = G::Customers();
+  Customer& acme = customers.Add("Acme Supply");
+  acme.CompanyName("Acme Supply Co");
+  acme.FirstName("Dana");
+  acme.LastName("Reyes");
+  acme.BillAddress().Line1("Acme Supply Co");
+  acme.BillAddress().Line2("12 Harbor St");
+  acme.BillAddress().City("Boston");
+  acme.BillAddress().State("MA");
+  acme.BillAddress().PostalCode("02110");
+  acme.ShipAddress().Line1("Dock 4");
+  acme.ShipAddress().City("Quincy");
+  Customer& job = customers.Add("Roof repair", true, "Acme Supply");
+  job.JobDesc("Replace the flat roof");
+  job.JobStatus(qbJobStatusInProgress);
+  ASSERT_EQ(customers.Commit(), 2) << FirstError(acme) << FirstError(job);
+  EXPECT_EQ(job.FullName(), "Acme Supply:Roof repair");
+  EXPECT_EQ(job.Sublevel(), 1);
+
+  Vendor& vendor = G::Vendors().Add("Pioneer Lumber");
+  vendor.VendorAddress().City("Salem");
+  vendor.NameOnCheck("Pioneer Lumber LLC");
+  ASSERT_EQ(G::Vendors().Commit(), 1) << FirstError(vendor);
+  Employee& employee = G::Employees().Add("Lee Park");
+  employee.FirstName("Lee");
+  employee.LastName("Park");
+  employee.EmployeeAddress().City("Lynn");
+  ASSERT_EQ(G::Employees().Commit(), 1) << FirstError(employee);
+  OtherName& other = G::OtherNames().Add("Town Clerk");
+  other.OtherNameAddress().City("Salem");
+  ASSERT_EQ(G::OtherNames().Commit(), 1) << FirstError(other);
+
+  // Every query of the customers, the job among them.
+  Customers query;
+  Customer* read = query.GetByFullName("Acme Supply");
+  ASSERT_NE(read, nullptr);
+  EXPECT_EQ(read->BillAddress().Line2(), "12 Harbor St");
+  EXPECT_EQ(read->BillAddress().City(), "Boston");
+  EXPECT_EQ(read->BillAddress().PostalCode(), "02110");
+  EXPECT_EQ(read->ShipAddress().City(), "Quincy");
+  EXPECT_EQ(read->CompanyName(), "Acme Supply Co");
+  query.Clear();
+  Customer* readJob = query.GetByListID(job.ListID());
+  ASSERT_NE(readJob, nullptr);
+  EXPECT_EQ(readJob->FullName(), "Acme Supply:Roof repair");
+  EXPECT_EQ(readJob->ParentRef().FullName(), "Acme Supply");
+  EXPECT_EQ(readJob->JobDesc(), "Replace the flat roof");
+  EXPECT_EQ(readJob->JobStatus(), qbJobStatusInProgress);
+  const std::vector<std::string> both{"Acme Supply", "Acme Supply:Roof repair"};
+  EXPECT_EQ(Queried<Customers>([](Customers& c) { return c.GetAll(); }), both);
+  const std::string acmeId = acme.ListID(), jobId = job.ListID();
+  const Date created = acme.TimeCreated();
+  customers.GetActive();  // the master alone reads the active list; it holds what it read now
+  EXPECT_EQ(FullNames(customers), both);
+  EXPECT_EQ(Queried<Customers>([](Customers& c) { return c.GetByNameMatch("Acme", qbMatchStartsWith); }), both);
+  EXPECT_EQ(Queried<Customers>([](Customers& c) { return c.GetByNameMatch("repair", qbMatchEndsWith); }),
+            std::vector<std::string>{"Acme Supply:Roof repair"});
+  EXPECT_EQ(Queried<Customers>([](Customers& c) { return c.GetByNameRange("Acme Supply:A", "Acme Supply:Z"); }),
+            std::vector<std::string>{"Acme Supply:Roof repair"});
+  EXPECT_EQ(Queried<Customers>([&](Customers& c) { return c.GetByDateSpan(created, Date()); }), both);
+
+  // The other lists by name, and every name at once through the entity list, each as its own kind.
+  EXPECT_EQ(Queried<Vendors>([](Vendors& c) { return c.GetByNameMatch("Lumber", qbMatchContains); }),
+            std::vector<std::string>{"Pioneer Lumber"});
+  Vendors vendors;
+  ASSERT_NE(vendors.GetByListID(vendor.ListID()), nullptr);
+  EXPECT_EQ(vendors.Item("Pioneer Lumber").NameOnCheck(), "Pioneer Lumber LLC");
+  EXPECT_EQ(vendors.Item("Pioneer Lumber").VendorAddress().City(), "Salem");
+  Employees employees;
+  ASSERT_NE(employees.GetByFullName("Lee Park"), nullptr);
+  EXPECT_EQ(employees.Item("Lee Park").EmployeeAddress().City(), "Lynn");
+  EXPECT_EQ(Queried<OtherNames>([](OtherNames& c) { return c.GetAll(); }), std::vector<std::string>{"Town Clerk"});
+  Entities entities;
+  EXPECT_EQ(entities.GetAll(), 5);
+  ASSERT_TRUE(entities.ItemExists("Lee Park"));
+  EXPECT_NE(dynamic_cast<Employee*>(&entities.Item("Lee Park")), nullptr);
+  EXPECT_NE(dynamic_cast<Vendor*>(&entities.Item("Pioneer Lumber")), nullptr);
+  EXPECT_NE(dynamic_cast<Customer*>(&entities.Item("Acme Supply:Roof repair")), nullptr);
+  EXPECT_EQ(Queried<Entities>([](Entities& c) { return c.GetByNameMatch("Salem", qbMatchContains); }).size(), 0u);
+
+  // Changes: an address part and a name, then read back.
+  Customer& acmeRead = customers.Item("Acme Supply");
+  acmeRead.ShipAddress().City("Braintree");
+  employee.LastName("Parker");
+  employee.Name("Lee Parker");
+  ASSERT_EQ(customers.Commit(), 1) << FirstError(acmeRead);
+  ASSERT_EQ(G::Employees().Commit(), 1) << FirstError(employee);
+  Customers again;
+  ASSERT_NE(again.GetByFullName("Acme Supply"), nullptr);
+  EXPECT_EQ(again.Item("Acme Supply").ShipAddress().City(), "Braintree");
+  EXPECT_EQ(again.Item("Acme Supply").BillAddress().City(), "Boston");  // untouched
+  Employees renamed;
+  ASSERT_NE(renamed.GetByFullName("Lee Parker"), nullptr);
+  EXPECT_EQ(renamed.Item("Lee Parker").LastName(), "Parker");
+
+  // Deletes: a customer with a job is refused; the job, then the customer, and the others go.
+  EXPECT_EQ(RaisedBy([&] { customers.Delete(acmeId); }).Number(), ErrorNumber(1026));
+  EXPECT_EQ(customers.Delete(jobId), 0);
+  EXPECT_EQ(customers.Delete(acmeId), 0);
+  EXPECT_EQ(G::Vendors().Delete(vendor.ListID()), 0);
+  EXPECT_EQ(G::Employees().Delete(employee.ListID()), 0);
+  EXPECT_EQ(G::OtherNames().Delete(other.ListID()), 0);
+  Entities none;
+  EXPECT_EQ(none.GetAll(), 0);
+}
+
+// Bad names: over a limit, an unknown reference, a job under a name of another list, a name another
+// list holds; each a clear error on its record, and nothing of it added.
+TEST_F(CompanyEndToEnd, BadNamesAreRefusedWithNothingHalfAdded) {
+  using G = BrenvaleGlobals;
+  Customers& customers = G::Customers();
+  customers.Add("Acme Supply");
+  ASSERT_EQ(customers.Commit(), 1);
+  G::Vendors().Add("Pioneer Lumber");
+  ASSERT_EQ(G::Vendors().Commit(), 1);
+
+  Customer& longName = customers.Add(std::string(42, 'n'));
+  Customer& longJob = customers.Add("Far Away");
+  longJob.JobDesc(std::string(100, 'j'));
+  // An address part over its limit is refused as it is set, and the address keeps what it had.
+  longJob.BillAddress().City("Boston");
+  EXPECT_EQ(RaisedBy([&] { longJob.BillAddress().City(std::string(32, 'c')); }).Number(), ErrorNumber(1202));
+  EXPECT_EQ(longJob.BillAddress().City(), "Boston");
+  Customer& unknownType = customers.Add("Typed");
+  unknownType.CustomerTypeRef("No Such Type");
+  Customer& underVendor = customers.Add("Deck", true, "Pioneer Lumber");
+  Customer& good = customers.Add("Good Job", true, "Acme Supply");
+  CurrentSession().commitRaises = false;
+  EXPECT_EQ(customers.Commit(), 1);
+  // A name another name list holds is taken.
+  OtherName& taken = G::OtherNames().Add("Acme Supply");
+  EXPECT_EQ(G::OtherNames().Commit(), 0);
+  ASSERT_EQ(taken.Errors().Count(), 1);
+  EXPECT_EQ(taken.Errors()[1].Number(), ErrorNumber(1017)) << FirstError(taken);
+  struct Refusal {
+    Customer* record;
+    int code;
+  };
+  for (const Refusal& r : std::vector<Refusal>{{&longName, 1500}, {&longJob, 1508}, {&unknownType, 1001},
+                                                {&underVendor, 1010}}) {
+    SCOPED_TRACE(r.record->Name());
+    ASSERT_GE(r.record->Errors().Count(), 1);
+    EXPECT_EQ(r.record->Errors()[1].Number(), ErrorNumber(r.code)) << FirstError(*r.record);
+    EXPECT_EQ(r.record->ObjectState(), zqObjectStateNew);
+  }
+  EXPECT_EQ(longJob.Errors()[1].Field(), "Account Number");  // QuickBooks' own label for the job description
+  EXPECT_EQ(good.ObjectState(), zqObjectStateClean);
+
+  Entities after;
+  EXPECT_EQ(after.GetAll(), 3);
+  EXPECT_TRUE(Holds(after, "Acme Supply:Good Job"));
+  EXPECT_FALSE(Holds(after, "Far Away"));
+  EXPECT_FALSE(Holds(after, "Typed"));
+  EXPECT_FALSE(Holds(after, "Pioneer Lumber:Deck"));
+}
+
 }  // namespace
 }  // namespace brenvale::testing

@@ -590,4 +590,70 @@ TEST_F(ToolTest, DemoRunsOnAFreshCompanyAndAgainOnTheSameOne) {
   EXPECT_NE(second.out.find("deleted"), std::string::npos) << second.out;
 }
 
+// Every name list adds and modifies with nested fields written as "BillAddress.City=Boston"; the
+// JSON shows the nested record, the entity list shows each name with its own kind's fields, and a
+// nested part the kind lacks or a group set whole is refused before anything is opened.
+TEST_F(ToolTest, NameListsAddAndModifyWithNestedFields) {
+  struct Case {
+    std::string kind;
+    std::vector<std::string> add;
+    std::string change;   // a modify of a nested part
+    std::string changed;  // what the JSON shows after it
+  };
+  const std::vector<Case> cases = {
+      {"Customer",
+       {"Name=Acme", "billaddress.city=Boston", "BillAddress.Addr1=12 Harbor St", "ShipAddress.City=Quincy"},
+       "ShipAddress.City=Braintree", R"("ShipAddress": {"City": "Braintree"})"},
+      {"Vendor", {"Name=Pioneer", "VendorAddress.City=Salem"}, "VendorAddress.PostalCode=01970",
+       R"("VendorAddress": {"City": "Salem", "PostalCode": "01970"})"},
+      {"Employee", {"FirstName=Lee", "LastName=Park", "EmployeeAddress.City=Lynn"}, "EmployeeAddress.City=Nahant",
+       R"("EmployeeAddress": {"City": "Nahant"})"},
+      {"OtherName", {"Name=Town Clerk", "OtherNameAddress.State=MA"}, "OtherNameAddress.State=NH",
+       R"("OtherNameAddress": {"State": "NH"})"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.kind);
+    std::vector<std::string> args{"--format", "json", "add", c.kind};
+    args.insert(args.end(), c.add.begin(), c.add.end());
+    Result added = Tool(args);
+    ASSERT_EQ(added.status, 0) << Lines(added);
+    const std::string id = JsonText(added.out, "ListID");
+    Result changed = Tool({"--format", "json", "modify", c.kind, id, c.change});
+    ASSERT_EQ(changed.status, 0) << Lines(changed);
+    EXPECT_NE(changed.out.find(c.changed), std::string::npos) << changed.out;
+  }
+  Result customer = Tool({"--format", "json", "list", "Customer"});
+  EXPECT_NE(customer.out.find(R"("BillAddress": {"Addr1": "12 Harbor St", "City": "Boston"})"), std::string::npos)
+      << customer.out;
+  Result entities = Tool({"--format", "json", "list", "Entity"});
+  ASSERT_EQ(entities.status, 0) << Lines(entities);
+  for (const char* shown : {R"("Name": "Acme")", R"("Name": "Pioneer")", R"("Name": "Lee Park")",
+                            R"("Name": "Town Clerk")", R"("NameOnCheck")", R"("EmployeeAddress")"})
+    EXPECT_NE(entities.out.find(shown), std::string::npos) << shown << "\n" << entities.out;
+
+  struct Refusal {
+    std::vector<std::string> args;
+    std::string message;
+  };
+  for (const Refusal& r : std::vector<Refusal>{
+           {{"add", "Customer", "Name=A", "BillAddress.Colour=red"}, "Customer has no field 'BillAddress.Colour'"},
+           {{"add", "Customer", "Name=A", "BillAddress=Boston"}, "Customer has no field 'BillAddress'"},
+           {{"add", "Customer", "Name=A", "Phone.City=Boston"}, "Customer has no field 'Phone.City'"},
+           {{"add", "Customer", "Name=A", "BillAddress.City=X", "billaddress.city=Y"},
+            "field BillAddress.City is given twice"},
+           {{"add", "Entity", "Name=A"}, "Entity holds records of several kinds; add one of them: "},
+       }) {
+    Result refused = Tool(r.args);
+    EXPECT_EQ(refused.status, 2) << Lines(refused);
+    EXPECT_NE(refused.err.find(r.message), std::string::npos) << Lines(refused);
+  }
+  // An address part over its limit is the library's refusal under the address's label; nothing is sent.
+  Result tooLong = Tool({"add", "Vendor", "Name=Far", "VendorAddress.City=" + std::string(32, 'c')});
+  EXPECT_EQ(tooLong.status, 1) << Lines(tooLong);
+  EXPECT_NE(tooLong.err.find("error 1202"), std::string::npos) << Lines(tooLong);
+  EXPECT_NE(tooLong.err.find("in Address: Address city cannot exceed 31 characters."), std::string::npos)
+      << Lines(tooLong);
+  EXPECT_EQ(Tool({"--format", "json", "list", "Vendor"}).out.find("Far"), std::string::npos);
+}
+
 }  // namespace

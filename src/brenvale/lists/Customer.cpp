@@ -133,6 +133,7 @@ constexpr RecordDecl kDecl{.label = "Customer",
                            .rules = kRules,
                            .list = &kFacts};
 constexpr EntityFieldIds kIds = EntityIds(kFields);
+
 }  // namespace
 
 const RecordDecl& Customer::Declaration() { return kDecl; }

@@ -60,6 +60,7 @@ constexpr auto kRead = ListRead(kFields, F::Salutation, F::FirstName, F::MiddleN
 // A desktop's EmployeeAdd has no name: QuickBooks makes it of the first, middle and last names.
 constexpr ListFacts kFacts{.listType = zqListTypeEmployee, .key = ListKey::Name, .nameGate = &gate::OnlineOnly};
 constexpr EntityFieldIds kIds = EntityIds(kFields);
+
 }  // namespace
 
 struct EmployeeDecl {

@@ -65,6 +65,7 @@ constexpr auto kRead = ListRead(kFields, F::CompanyName, F::Salutation, F::First
                                 F::OpenBalanceDate, F::AppendNotes);
 constexpr ListFacts kFacts{.listType = zqListTypeVendor, .key = ListKey::Name, .iterates = true};
 constexpr EntityFieldIds kIds = EntityIds(kFields);
+
 }  // namespace
 
 struct VendorDecl {

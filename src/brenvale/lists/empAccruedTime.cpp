@@ -21,6 +21,7 @@ constexpr RecordDecl kDecl{.label = "empAccruedTime",
                            .mod = kBody,
                            .read = kBody,
                            .make = [](const RecordDecl&) -> RecordCore* { return new empAccruedTime(); }};
+
 }  // namespace
 
 const RecordDecl& empAccruedTime::Declaration() { return kDecl; }

@@ -33,6 +33,7 @@ constexpr RecordDecl kDecl{.label = "empPayrollInfo",
 constexpr std::string_view kUse = "UseTimeData";
 constexpr std::string_view kDoNotUse = "DoNotUseTimeData";
 constexpr std::string_view kNotSet = "NotSet";
+
 }  // namespace
 
 const RecordDecl& empPayrollInfo::Declaration() { return kDecl; }

@@ -107,14 +107,10 @@ void CollectionCore::ClearRecords() {
 Long CollectionCore::Fill(const ResponseView::Response& response) {
   lastRead_.clear();
   index_.Reserve(entries_.size() + 64);
-  std::size_t slots = 0, text = 0;  // what the last record needed: the next one gets room for as much
   for (DomNode ret : response.Rets()) {
     std::shared_ptr<RecordCore> record = MakeRecord(ret.BaseName());
     if (!record) continue;
-    record->ReserveValues(slots + 2, text + text / 4 + 16);
     record->ReadFrom(ret);
-    slots = record->SlotCount();
-    text = record->TextBytes();
     lastRead_.push_back(record.get());
     const KeyParts key = record->CollectionKeyParts();
     const std::uint64_t hash = RecordIndex::Hash(key);

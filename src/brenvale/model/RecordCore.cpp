@@ -297,6 +297,7 @@ void RecordCore::ReadFrom(const DomNode& element) {
   values_.ClearChanged();
   const bool traced = detail::TraceObserved();
   const detail::ReadTable& table = detail::ReadTable::Of(*decl_);
+  if (values_.Slots().empty()) values_.Reserve(table.lastSlots + 2, table.lastText + table.lastText / 4 + 16);
   std::size_t cursor = 0;
   std::bitset<256> listsRead;  // child lists refilled by this read
   for (pugi::xml_node c = element.Raw().first_child(); c; c = c.next_sibling()) {
@@ -322,6 +323,8 @@ void RecordCore::ReadFrom(const DomNode& element) {
       detail::TraceUnknownField(Label(), name);
     }
   }
+  table.lastSlots = values_.Slots().size();
+  table.lastText = values_.TextSize();
   // Child records joining the record while it was read changed nothing.
   state_ = zqObjectStateClean;
 }

@@ -104,10 +104,6 @@ class RecordCore {
   RecordCore* Owner() const { return owner_; }
   // Called once a child record joins its owner's list.
   virtual void AttachTo(RecordCore& /*owner*/) {}
-  // Room for the values of a record like the one just read: fills the next one without growing.
-  std::size_t SlotCount() const { return values_.Slots().size(); }
-  std::size_t TextBytes() const { return values_.TextSize(); }
-  void ReserveValues(std::size_t slots, std::size_t text) { values_.Reserve(slots, text); }
 
  protected:
   // --- typed access for the record classes' accessors --------------------------------------------

@@ -35,6 +35,12 @@ class ReadTable {
   // This thread's table of a declaration.
   static const ReadTable& Of(const RecordDecl& decl);
 
+  // What the last record read through this table held (its values and their text): records of a
+  // response are alike, so the next one is given room for as much before it reads, and its values
+  // are not moved as they grow.
+  mutable std::size_t lastSlots = 0;
+  mutable std::size_t lastText = 0;
+
  private:
   // Tags are short: a plain loop beats a call to a library comparison.
   static bool Same(const char* a, std::string_view b) {

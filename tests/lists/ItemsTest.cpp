@@ -401,5 +401,107 @@ TEST_P(ItemKinds, WritesItsAddReadsTheAnswerAndWritesItsModify) {
 INSTANTIATE_TEST_SUITE_P(Kinds, ItemKinds, ::testing::ValuesIn(Cases()),
                          [](const auto& param) { return param.param.kind; });
 
+// --- rules --------------------------------------------------------------------------------------
+
+struct ItemRuleCase {
+  std::string what;
+  std::function<zkItem&(Items&)> make;  // a new item breaking one rule, in a master holding Bolt and Promo
+  int code;                             // 0: a text of its own, without a code
+  std::string field;
+  std::string message;
+};
+
+TEST_F(ListsTest, ItemRulesGiveTheirCodesAndTexts) {
+  const std::vector<ItemRuleCase> cases{
+      {"a service under an inventory item",
+       [](Items& c) -> zkItem& { return c.Add<ItemService>("Labor", true, "Bolt"); }, 1104, "Parent",
+       "Parent item type must be the same as the child's"},
+      {"an inventory item under an inventory item (accepted)",
+       [](Items& c) -> zkItem& { return c.Add<ItemInventory>("Nut", true, "Bolt"); }, -1, "", ""},
+      {"a sales tax group member counted twice",
+       [](Items& c) -> zkItem& {
+         auto& g = c.Add<ItemSalesTaxGroup>("Combined");
+         g.GroupLines().Add("State", 2);
+         return g;
+       },
+       1103, "", "Quantity must be 1 for sales tax group lines"},
+      {"a group line with a quantity of a discount",
+       [](Items& c) -> zkItem& {
+         auto& g = c.Add<ItemGroup>("Kit");
+         g.GroupLines().Add("Bolt", 3);
+         g.GroupLines().Add("Promo", 1);
+         return g;
+       },
+       1105, "GroupLine", "Cannot specify Quanity if Item is of type Discount."},
+      {"a group line of a discount without a quantity (accepted)",
+       [](Items& c) -> zkItem& {
+         auto& g = c.Add<ItemGroup>("Kit");
+         g.GroupLines().Add("Promo");
+         return g;
+       },
+       -1, "", ""},
+      {"a fixed asset without a purchase date",
+       [](Items& c) -> zkItem& {
+         auto& f = c.Add<ItemFixedAsset>("Truck");
+         f.PurchaseDesc("F150");
+         return f;
+       },
+       1105, "PurchaseDate", "Fixed Assets require a purchase date"},
+      {"a fixed asset without a purchase description",
+       [](Items& c) -> zkItem& {
+         auto& f = c.Add<ItemFixedAsset>("Truck");
+         f.PurchaseDate(Date::Serial(2024, 2, 1));
+         return f;
+       },
+       1106, "PurchaseDesc", "Fixed Assets require a purchase description"},
+      {"a subtotal without a name", [](Items& c) -> zkItem& { return c.Add<ItemSubtotal>(""); }, 0, "Name",
+       "Name must be entered"},
+      {"a subtotal of 31 characters (accepted)",
+       [](Items& c) -> zkItem& { return c.Add<ItemSubtotal>(std::string(31, 's')); }, -1, "", ""},
+      {"a subtotal of 32 characters",
+       [](Items& c) -> zkItem& { return c.Add<ItemSubtotal>(std::string(32, 's')); }, 0, "Name",
+       "Name length cannot exceed 31"},
+      {"a service of 32 characters",
+       [](Items& c) -> zkItem& { return c.Add<ItemService>(std::string(32, 's')); }, 1013, "Name",
+       "Name cannot exceed 31 characters"},
+      {"a discount at a rate and a percentage: the last one given stays (accepted)",
+       [](Items& c) -> zkItem& {
+         auto& d = c.Add<ItemDiscount>("Both");
+         d.DiscountRate(5);
+         d.DiscountRatePercent(10);
+         EXPECT_TRUE(d.SalesCostIsPercent());
+         return d;
+       },
+       -1, "", ""}};
+  for (const ItemRuleCase& rule : cases) {
+    SCOPED_TRACE(rule.what);
+    Items master(true);
+    master.Add<ItemInventory>("Bolt");
+    master.Add<ItemDiscount>("Promo").DiscountRatePercent(5);
+    master.Add<ItemSalesTax>("State").TaxRate(5);
+    zkItem& item = rule.make(master);
+    const bool ok = item.Validate();
+    if (rule.code < 0) {
+      EXPECT_TRUE(ok) << (item.Errors().Count() ? item.Errors()[1].Description() : "");
+      continue;
+    }
+    EXPECT_FALSE(ok);
+    ASSERT_EQ(item.Errors().Count(), 1);
+    EXPECT_EQ(item.Errors()[1].Number(), rule.code ? ErrorNumber(rule.code) : 0);
+    EXPECT_EQ(item.Errors()[1].Field(), rule.field);
+    EXPECT_EQ(item.Errors()[1].Description(), rule.message);
+  }
+}
+
+TEST_F(ListsTest, AnItemKindTheLibraryDoesNotKnowIsRefused) {
+  Items master(true);
+  EXPECT_EQ(master.Add(qbItemTypeService, "Labor").ItemType(), qbItemTypeService);
+  EXPECT_EQ(master.Add(qbItemTypeGroup, "Kit").Decl().xmlName, "ItemGroup");
+  const BrenvaleError e = RaisedBy([&] { master.Add(static_cast<qbEnumItemType>(99), "Odd"); });
+  EXPECT_EQ(e.Number(), ErrorNumber(1101));
+  EXPECT_EQ(e.Description(), "Invalid item type specified");
+  EXPECT_EQ(master.Count(), 2);  // nothing half-added
+}
+
 }  // namespace
 }  // namespace brenvale::testing

@@ -486,10 +486,7 @@ TEST_F(ListsTest, ItemRulesGiveTheirCodesAndTexts) {
       continue;
     }
     EXPECT_FALSE(ok);
-    ASSERT_EQ(item.Errors().Count(), 1);
-    EXPECT_EQ(item.Errors()[1].Number(), rule.code ? ErrorNumber(rule.code) : 0);
-    EXPECT_EQ(item.Errors()[1].Field(), rule.field);
-    EXPECT_EQ(item.Errors()[1].Description(), rule.message);
+    ExpectOneError(item, rule.code, rule.field, rule.message);
   }
 }
 

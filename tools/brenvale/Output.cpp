@@ -25,32 +25,39 @@ std::string FieldNames(const RecordDecl& decl) {
 
 std::string JsonValue(const RecordCore& record, FieldId id);
 
-// The fields a nested record holds, as a JSON object.
-std::string JsonObject(const RecordCore& record) {
+// The values a nested record holds, as a JSON object.
+std::string JsonObject(const RecordCore& nested) {
   std::string out = "{";
-  for (const FieldId id : KindFields(record.Decl())) {
-    if (!record.Has(id)) continue;
-    out += (out.size() > 1 ? ", " : "") + JsonString(record.Decl().Field(id).tag) + ": " + JsonValue(record, id);
+  for (FieldId part : KindFields(nested.Decl())) {
+    const ValueKind kind = nested.Decl().Field(part).kind;
+    if (!nested.Has(part) && kind != ValueKind::Aggregate && kind != ValueKind::Children) continue;
+    const std::string value = JsonValue(nested, part);
+    if (value == "null") continue;
+    out += (out.size() > 1 ? ", " : "") + JsonString(nested.Decl().Field(part).tag) + ": " + value;
   }
   return out + "}";
 }
 
 // A field's value as a JSON value: true/false, a number, a string, an object for a reference or a
-// nested record, an array for child records; null when unset.
+// nested record, an array for child records (the lines of a group item), null when unset.
 std::string JsonValue(const RecordCore& record, FieldId id) {
-  const ValueKind kind = record.Decl().Field(id).kind;
-  if (kind == ValueKind::Aggregate || kind == ValueKind::Children) {
+  const FieldDef& f = record.Decl().Field(id);
+  if (f.kind == ValueKind::Aggregate) {
+    const RecordCore* nested = record.FindNested(id);
+    if (!nested || !nested->HoldsAnyValue()) return "null";
+    return JsonObject(*nested);
+  }
+  if (f.kind == ValueKind::Children) {
     std::string items;
-    for (std::size_t i = 0; const RecordCore* nested = record.NestedAt(id, i); ++i)
-      items += (i ? ", " : "") + JsonObject(*nested);
-    if (kind == ValueKind::Aggregate) return items.empty() ? "null" : items;
-    return record.Has(id) ? "[" + items + "]" : "null";
+    for (std::size_t i = 0; const RecordCore* child = record.NestedAt(id, i); ++i)
+      items += (i ? ", " : "") + JsonObject(*child);
+    return items.empty() ? "null" : "[" + items + "]";
   }
   const FieldValue v = record.Value(id);
   if (std::holds_alternative<std::monostate>(v)) return "null";
   if (auto b = std::get_if<bool>(&v)) return *b ? "true" : "false";
   if (auto i = std::get_if<std::int64_t>(&v)) {
-    if (record.Decl().Field(id).kind == ValueKind::Enum) return JsonString(record.ValueText(id));
+    if (f.kind == ValueKind::Enum) return JsonString(record.ValueText(id));
     return std::to_string(*i);
   }
   if (std::holds_alternative<Currency>(v)) return record.ValueText(id);
@@ -65,13 +72,26 @@ std::string JsonValue(const RecordCore& record, FieldId id) {
   return text.empty() && !std::holds_alternative<std::string>(v) ? "null" : JsonString(text);
 }
 
-void PrintJson(std::ostream& out, const RecordDecl& decl, const std::vector<ListRecord*>& records) {
-  const std::vector<FieldId> fields = KindFields(decl);
+// A field's value in a table cell; a nested record's parts joined by ", ".
+std::string CellText(const RecordCore& record, FieldId id) {
+  if (record.Decl().Field(id).kind != ValueKind::Aggregate) return record.ValueText(id);
+  const RecordCore* nested = record.FindNested(id);
+  std::string out;
+  if (!nested) return out;
+  for (FieldId part : KindFields(nested->Decl())) {
+    const std::string text = CellText(*nested, part);
+    if (!text.empty()) out += (out.empty() ? "" : ", ") + text;
+  }
+  return out;
+}
+
+// Every record with the fields of its own kind (an entity query answers several).
+void PrintJson(std::ostream& out, const std::vector<ListRecord*>& records) {
   out << "[";
   for (std::size_t r = 0; r < records.size(); ++r) {
+    const RecordDecl& decl = records[r]->Decl();
+    const std::vector<FieldId> fields = KindFields(decl);
     out << (r ? ",\n  {" : "\n  {");
-    // A collection of several kinds says of what kind each record is.
-    if (&records[r]->Decl() != &decl) out << "\"kind\": " << JsonString(records[r]->Decl().xmlName) << ", ";
     for (std::size_t f = 0; f < fields.size(); ++f) {
       out << (f ? ", " : "") << JsonString(decl.Field(fields[f]).tag) << ": " << JsonValue(*records[r], fields[f]);
     }
@@ -80,6 +100,7 @@ void PrintJson(std::ostream& out, const RecordDecl& decl, const std::vector<List
   out << (records.empty() ? "]\n" : "\n]\n");
 }
 
+// The records as the collection's query response, each as the Ret element of its own kind.
 void PrintXml(std::ostream& out, const RecordDecl& decl, const std::vector<ListRecord*>& records) {
   const std::string name(decl.xmlName);
   xmlBldr b;
@@ -88,8 +109,8 @@ void PrintXml(std::ostream& out, const RecordDecl& decl, const std::vector<ListR
       "<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs><" + name +
       "QueryRs requestID=\"1\" statusCode=\"0\" statusSeverity=\"Info\" statusMessage=\"Status OK\">");
   for (ListRecord* record : records) {
-    // Each record in its own kind's element: an item query answers every kind of item, a query of
-    // the terms StandardTermsRet and DateDrivenTermsRet.
+    // Each record in its own kind's element: a query of the terms answers StandardTermsRet and
+    // DateDrivenTermsRet, an item query every kind of item.
     const std::string ret = std::string(record->Decl().xmlName) + "Ret";
     b.OpenAggregateOnly(ret);
     record->XMLQueryRs(b);
@@ -168,7 +189,7 @@ void PrintTable(std::ostream& out, const std::vector<std::vector<std::string>>& 
 void PrintRecords(std::ostream& out, Format format, const RecordDecl& decl,
                   const std::vector<ListRecord*>& records, const std::vector<FieldId>& columns) {
   switch (format) {
-    case Format::Json: PrintJson(out, decl, records); return;
+    case Format::Json: PrintJson(out, records); return;
     case Format::Xml: PrintXml(out, decl, records); return;
     case Format::Table: break;
   }
@@ -177,7 +198,7 @@ void PrintRecords(std::ostream& out, Format format, const RecordDecl& decl,
   for (FieldId id : columns) rows.back().push_back(std::string(decl.Field(id).tag));
   for (ListRecord* record : records) {
     rows.emplace_back();
-    for (FieldId id : columns) rows.back().push_back(record->ValueText(id));
+    for (FieldId id : columns) rows.back().push_back(CellText(*record, id));
   }
   PrintTable(out, rows);
 }

@@ -610,6 +610,16 @@ TEST_F(ToolTest, EveryItemKindAddsListsAndModifies) {
   EXPECT_EQ(services.out, "Name\nLabor\n") << Lines(services);
   Result json = Tool({"list", "Item", "--format", "json"});
   EXPECT_NE(json.out.find("\"AcquiredAs\": \"New\""), std::string::npos) << Lines(json);
+  // A group's lines, added by a request of its own, are shown as an array.
+  const std::string kit =
+      "<?xml version=\"1.0\" ?><?qbxml version=\"13.0\"?><QBXML><QBXMLMsgsRq onError=\"stopOnError\">"
+      "<ItemGroupAddRq><ItemGroupAdd><Name>Kit</Name><ItemGroupLine><ItemRef><FullName>Labor</FullName></ItemRef>"
+      "<Quantity>2</Quantity></ItemGroupLine><ItemGroupLine><ItemRef><FullName>Bolt</FullName></ItemRef>"
+      "</ItemGroupLine></ItemGroupAdd></ItemGroupAddRq></QBXMLMsgsRq></QBXML>";
+  ASSERT_EQ(Tool({"request", "-"}, kit).status, 0);
+  Result groups = Tool({"list", "ItemGroup", "--format", "json", "--name-starts", "Kit"});
+  EXPECT_NE(groups.out.find("\"ItemGroupLine\": [{\"ItemRef\": {\"ListID\": "), std::string::npos) << Lines(groups);
+  EXPECT_NE(groups.out.find("\"FullName\": \"Bolt\"}}]"), std::string::npos) << Lines(groups);
 
   Result changed = Tool({"--format", "json", "modify", "ItemDiscount", discountId, "ItemDesc=Fifteen off"});
   ASSERT_EQ(changed.status, 0) << Lines(changed);

@@ -1,63 +1,28 @@
 // Items of every kind against the company engine: each added, read back by every query method (one
 // ItemQuery answering every kind into one collection), modified, deleted; and bad items refused with
 // a clear error, nothing of them added.
-#include <chrono>
-#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
 
-#include "brenvale/Brenvale.hpp"
-#include "brenvale/model/Lists.hpp"
-#include "brenvale/model/RefCache.hpp"
-#include "brenvale/rqp/CompanyEngine.hpp"
-#include "lists/ListsTestSupport.hpp"
+#include "lists/CompanyTestSupport.hpp"
 #include "support/RaisedBy.hpp"
 
 namespace brenvale::testing {
 namespace {
 
-namespace fs = std::filesystem;
-
-class ItemsEndToEnd : public ListsTest {
+class ItemsEndToEnd : public CompanyEndToEnd {
  protected:
   void SetUp() override {
-    CurrentSession() = Session{};
-    dir_ = fs::temp_directory_path() /
-           ("brenvale-items-" + std::to_string(std::chrono::steady_clock::now().time_since_epoch().count()));
-    fs::create_directories(dir_);
-    rqp::RegisterCompanyEngine();
-    BrenvaleGlobals::QBConnection().RequestProcessorProgId("BrenvaleRqP.RequestProcessor");
-    BrenvaleGlobals::QBConnect("", "Brenvale tests", qbOpenModeDontCare, (dir_ / "company.qbw").string());
-    for (auto& entry : TheLists()) entry->Clear();
-    TheRefCache().Clear();
-    // What the items refer to, beyond what a new company holds.
-    // (A new company holds an inventory asset account.)
+    CompanyEndToEnd::SetUp();
+    // What the items refer to, beyond what a new company holds (an inventory asset account among it).
     for (const char* account : {"<Name>Equipment</Name><AccountType>FixedAsset</AccountType>",
                                 "<Name>Discounts Given</Name><AccountType>Income</AccountType>"})
       Send(std::string("<AccountAddRq><AccountAdd>") + account + "</AccountAdd></AccountAddRq>");
     Send("<VendorAddRq><VendorAdd><Name>Maker</Name></VendorAdd></VendorAddRq>");
   }
-  void TearDown() override {
-    BrenvaleGlobals::QBConnection().CloseConnection();
-    for (auto& entry : TheLists()) entry->Clear();
-    TheRefCache().Clear();
-    CurrentSession() = Session{};
-    std::error_code ec;
-    fs::remove_all(dir_, ec);
-  }
-
-  static void Send(const std::string& rq) {
-    xmlBldr b;
-    b.NewClear();
-    b.InsertRawXML(rq);
-    DomDocument doc = b.NewSendRequest();
-    ASSERT_NE(doc.Xml().find("statusCode=\"0\""), std::string::npos) << doc.Xml();
-  }
 
   static std::string FirstError(ListRecord& r) { return r.Errors().Count() ? r.Errors()[1].Description() : ""; }
-
-  fs::path dir_;
 };
 
 // One kind: a valid new item of it, what the engine must give back, a change and what it shows.
@@ -373,10 +338,7 @@ TEST_F(ItemsEndToEnd, BadItemsAreRefusedWithNothingHalfAdded) {
     zkItem& item = b.add(master);
     const std::string name = item.Name();
     EXPECT_EQ(master.Commit(), 0);
-    ASSERT_EQ(item.Errors().Count(), 1);
-    EXPECT_EQ(item.Errors()[1].Number(), b.code ? ErrorNumber(b.code) : 0);
-    EXPECT_EQ(item.Errors()[1].Field(), b.field);
-    EXPECT_EQ(item.Errors()[1].Description(), b.message);
+    ExpectOneError(item, b.code, b.field, b.message);
     EXPECT_EQ(item.ObjectState(), zqObjectStateNew);
     // Nothing of it reached the company.
     Items all;

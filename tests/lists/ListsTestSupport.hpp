@@ -71,6 +71,14 @@ inline std::vector<RuleCase> NameRuleCases() {
            "Name cannot exceed 31 characters"}};
 }
 
+// The record holds one entry: of that code (0: a text of its own, without a number), field and text.
+inline void ExpectOneError(ListRecord& r, int code, const std::string& field, const std::string& message) {
+  ASSERT_EQ(r.Errors().Count(), 1);
+  EXPECT_EQ(r.Errors()[1].Number(), code ? ErrorNumber(code) : 0);
+  EXPECT_EQ(r.Errors()[1].Field(), field);
+  EXPECT_EQ(r.Errors()[1].Description(), message);
+}
+
 // Breaks a valid new record as the rule says and checks what Validate makes of it: one entry with
 // the rule's code, field and message (or none), the record still New.
 inline void ExpectRule(ListRecord& r, const RuleCase& rule) {
@@ -85,10 +93,7 @@ inline void ExpectRule(ListRecord& r, const RuleCase& rule) {
     return;
   }
   EXPECT_FALSE(ok);
-  ASSERT_EQ(r.Errors().Count(), 1);
-  EXPECT_EQ(r.Errors()[1].Number(), ErrorNumber(rule.code));
-  EXPECT_EQ(r.Errors()[1].Field(), rule.field);
-  EXPECT_EQ(r.Errors()[1].Description(), rule.message);
+  ExpectOneError(r, rule.code, rule.field, rule.message);
   EXPECT_EQ(r.ObjectState(), zqObjectStateNew);
 }
 

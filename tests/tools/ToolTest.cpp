@@ -572,6 +572,74 @@ TEST_F(ToolTest, AccountsTermsAndPriceLevelsAddListAndModify) {
   EXPECT_NE(deeper.out.find("\"PriceLevelFixedPercentage\": -15.5"), std::string::npos) << deeper.out;
 }
 
+// Every item kind is added as itself; the item list shows them all, each kind only its own, and a
+// change goes to the kind the record is.
+TEST_F(ToolTest, EveryItemKindAddsListsAndModifies) {
+  struct Case {
+    std::vector<std::string> args;
+    std::string field, value;  // what the added record shows in JSON
+  };
+  const std::vector<Case> kinds = {
+      {{"ItemService", "Name=Labor", "SalesTaxCodeRef=Non"}, "Name", "Labor"},
+      {{"ItemNonInventory", "Name=Gloves", "ManufacturerPartNumber=GL-9"}, "ManufacturerPartNumber", "GL-9"},
+      {{"ItemOtherCharge", "Name=Delivery"}, "Name", "Delivery"},
+      {{"ItemInventory", "Name=Bolt", "SalesDesc=Steel bolt"}, "SalesDesc", "Steel bolt"},
+      {{"ItemInventoryAssembly", "Name=Bolt kit", "SalesDesc=Twelve bolts"}, "SalesDesc", "Twelve bolts"},
+      {{"ItemFixedAsset", "Name=Truck", "PurchaseDesc=F150", "PurchaseDate=2024-02-01"}, "AcquiredAs", "New"},
+      {{"ItemSubtotal", "Name=Subtotal", "ItemDesc=Sum above"}, "ItemDesc", "Sum above"},
+      {{"ItemDiscount", "Name=Promo", "ItemDesc=Ten off"}, "ItemDesc", "Ten off"},
+      {{"ItemPayment", "Name=Deposit", "ItemDesc=Paid ahead"}, "ItemDesc", "Paid ahead"},
+      {{"ItemSalesTax", "Name=State", "ItemDesc=State tax"}, "ItemDesc", "State tax"},
+      {{"ItemGroup", "Name=Starter", "ItemDesc=To begin"}, "ItemDesc", "To begin"},
+  };
+  std::string discountId;
+  for (const Case& c : kinds) {
+    std::vector<std::string> args = {"--format", "json", "add"};
+    args.insert(args.end(), c.args.begin(), c.args.end());
+    Result added = Tool(args);
+    ASSERT_EQ(added.status, 0) << c.args[0] << "\n" << Lines(added);
+    EXPECT_EQ(JsonText(added.out, c.field), c.value) << added.out;
+    if (c.args[0] == "ItemDiscount") discountId = JsonText(added.out, "ListID");
+  }
+
+  Result all = Tool({"--format", "xml", "list", "Item"});
+  ASSERT_EQ(all.status, 0) << Lines(all);
+  for (const Case& c : kinds)
+    EXPECT_NE(all.out.find("<" + c.args[0] + "Ret>"), std::string::npos) << c.args[0] << "\n" << all.out;
+  Result services = Tool({"list", "ItemService", "--fields", "Name"});
+  EXPECT_EQ(services.out, "Name\nLabor\n") << Lines(services);
+  Result json = Tool({"list", "Item", "--format", "json"});
+  EXPECT_NE(json.out.find("\"AcquiredAs\": \"New\""), std::string::npos) << Lines(json);
+  // A group's lines, added by a request of its own, are shown as an array.
+  const std::string kit =
+      "<?xml version=\"1.0\" ?><?qbxml version=\"13.0\"?><QBXML><QBXMLMsgsRq onError=\"stopOnError\">"
+      "<ItemGroupAddRq><ItemGroupAdd><Name>Kit</Name><ItemGroupLine><ItemRef><FullName>Labor</FullName></ItemRef>"
+      "<Quantity>2</Quantity></ItemGroupLine><ItemGroupLine><ItemRef><FullName>Bolt</FullName></ItemRef>"
+      "</ItemGroupLine></ItemGroupAdd></ItemGroupAddRq></QBXMLMsgsRq></QBXML>";
+  ASSERT_EQ(Tool({"request", "-"}, kit).status, 0);
+  Result groups = Tool({"list", "ItemGroup", "--format", "json", "--name-starts", "Kit"});
+  EXPECT_NE(groups.out.find("\"ItemGroupLine\": [{\"ItemRef\": {\"ListID\": "), std::string::npos) << Lines(groups);
+  EXPECT_NE(groups.out.find("\"FullName\": \"Bolt\"}}]"), std::string::npos) << Lines(groups);
+
+  Result changed = Tool({"--format", "json", "modify", "ItemDiscount", discountId, "ItemDesc=Fifteen off"});
+  ASSERT_EQ(changed.status, 0) << Lines(changed);
+  EXPECT_EQ(JsonText(changed.out, "ItemDesc"), "Fifteen off") << changed.out;
+  const std::vector<std::pair<std::vector<std::string>, std::string>> refused = {
+      {{"add", "Item", "Name=Either"}, "Item holds records of several kinds; add one of them: ItemService, "},
+      {{"modify", "ItemService", discountId, "Name=Other"}, "is a ItemDiscount, not a ItemService"},
+      {{"add", "ItemFixedAsset", "Name=Van", "PurchaseDesc=Van"},
+       "error 1105 (0x80040451) in PurchaseDate: Fixed Assets require a purchase date"},
+      {{"add", "ItemSubtotal", "Name=" + std::string(32, 's')}, "Name length cannot exceed 31"},
+      // A sales tax group needs a member, which the tool cannot give: QuickBooks refuses it.
+      {{"add", "ItemSalesTaxGroup", "Name=Combined"}, "is missing its required element \"ItemSalesTaxRef\""},
+  };
+  for (const auto& [args, expected] : refused) {
+    Result r = Tool(args);
+    EXPECT_NE(r.status, 0) << Lines(r);
+    EXPECT_NE(r.err.find(expected), std::string::npos) << Lines(r);
+  }
+}
+
 TEST_F(ToolTest, DemoRunsOnAFreshCompanyAndAgainOnTheSameOne) {
   Result first = RunTool(dir_, {"demo"});
   ASSERT_EQ(first.status, 0) << Lines(first);

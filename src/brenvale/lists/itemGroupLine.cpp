@@ -28,6 +28,19 @@ constexpr auto kGroupBody = kFields.Order(F::ItemRef, F::Quantity, F::UnitOfMeas
 constexpr auto kAssemblyBody = kFields.Order(F::ItemInventoryRef, F::Quantity);
 constexpr auto kMemberBody = kFields.Order(F::ListID, F::FullName);
 
+// The three forms differ in their body, their rules and their element.
+constexpr RecordDecl LineForm(std::span<const FieldId> body, std::span<const Rule> rules, std::string_view tag) {
+  return RecordDecl{.label = "itemGroupLine",
+                    .fields = kFields.fields,
+                    .add = body,
+                    .mod = body,
+                    .read = body,
+                    .rules = rules,
+                    .addTag = tag,
+                    .modTag = tag,
+                    .make = Make};
+}
+
 }  // namespace
 
 struct ItemGroupLineForms {
@@ -35,33 +48,9 @@ struct ItemGroupLineForms {
                                          rule::Own<&itemGroupLine::CheckQuantityOfDiscount>()};
   static constexpr Rule kAssemblyRules[] = {kFields.Exists(F::ItemInventoryRef, 2001, "Item")};
   static constexpr Rule kMemberRules[] = {rule::Own<&itemGroupLine::CheckMemberQuantity>()};
-  static constexpr RecordDecl kGroup{.label = "itemGroupLine",
-                                     .fields = kFields.fields,
-                                     .add = kGroupBody,
-                                     .mod = kGroupBody,
-                                     .read = kGroupBody,
-                                     .rules = kGroupRules,
-                                     .addTag = "ItemGroupLine",
-                                     .modTag = "ItemGroupLine",
-                                     .make = Make};
-  static constexpr RecordDecl kAssembly{.label = "itemGroupLine",
-                                        .fields = kFields.fields,
-                                        .add = kAssemblyBody,
-                                        .mod = kAssemblyBody,
-                                        .read = kAssemblyBody,
-                                        .rules = kAssemblyRules,
-                                        .addTag = "ItemInventoryAssemblyLine",
-                                        .modTag = "ItemInventoryAssemblyLine",
-                                        .make = Make};
-  static constexpr RecordDecl kMember{.label = "itemGroupLine",
-                                      .fields = kFields.fields,
-                                      .add = kMemberBody,
-                                      .mod = kMemberBody,
-                                      .read = kMemberBody,
-                                      .rules = kMemberRules,
-                                      .addTag = "ItemSalesTaxRef",
-                                      .modTag = "ItemSalesTaxRef",
-                                      .make = Make};
+  static constexpr RecordDecl kGroup = LineForm(kGroupBody, kGroupRules, "ItemGroupLine");
+  static constexpr RecordDecl kAssembly = LineForm(kAssemblyBody, kAssemblyRules, "ItemInventoryAssemblyLine");
+  static constexpr RecordDecl kMember = LineForm(kMemberBody, kMemberRules, "ItemSalesTaxRef");
 };
 
 const RecordDecl& itemGroupLine::GroupForm() { return ItemGroupLineForms::kGroup; }

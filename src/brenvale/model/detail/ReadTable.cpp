@@ -1,6 +1,8 @@
 #include "brenvale/model/detail/ReadTable.hpp"
 
+#include <array>
 #include <memory>
+#include <vector>
 
 namespace brenvale::detail {
 
@@ -15,15 +17,24 @@ ReadTable::ReadTable(const RecordDecl& decl) : decl_(&decl) {
 }
 
 const ReadTable& ReadTable::Of(const RecordDecl& decl) {
-  // A few declarations are read at a time (a kind, its addresses, its lines): a small cache serves.
-  thread_local std::array<std::unique_ptr<ReadTable>, 8> cache;
+  // Every table built is kept for the thread: a reader holds its table while nested records are read
+  // with theirs. A few declarations are read at a time (a kind, its addresses, its lines), so the
+  // most recent ones are looked at first.
+  thread_local std::vector<std::unique_ptr<ReadTable>> built;
+  thread_local std::array<const ReadTable*, 8> recent{};
   thread_local std::size_t next = 0;
-  for (const auto& t : cache)
+  for (const ReadTable* t : recent)
     if (t && t->decl_ == &decl) return *t;
-  auto& slot = cache[next];
-  next = (next + 1) % cache.size();
-  slot = std::make_unique<ReadTable>(decl);
-  return *slot;
+  const ReadTable* found = nullptr;
+  for (const auto& t : built)
+    if (t->decl_ == &decl) found = t.get();
+  if (!found) {
+    built.push_back(std::make_unique<ReadTable>(decl));
+    found = built.back().get();
+  }
+  recent[next] = found;
+  next = (next + 1) % recent.size();
+  return *found;
 }
 
 }  // namespace brenvale::detail

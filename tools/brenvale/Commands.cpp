@@ -110,6 +110,7 @@ const char* FieldKindName(ValueKind k) {
     case ValueKind::Enum: return "one of a list of values";
     case ValueKind::Aggregate: return "a group of fields";
     case ValueKind::Children: return "a list of records";
+    case ValueKind::Own: return "text of its own form";
   }
   return "";
 }

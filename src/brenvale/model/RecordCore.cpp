@@ -263,6 +263,7 @@ void RecordCore::ReadFrom(const DomNode& element) {
   }
   // Child records joining the record while it was read changed nothing.
   state_ = zqObjectStateClean;
+  AfterRead();
 }
 
 bool RecordCore::ReadField(FieldId id, const DomNode& node) {
@@ -311,6 +312,7 @@ bool RecordCore::ReadField(FieldId id, const DomNode& node) {
       child.ReadFrom(node);
       return true;
     }
+    case ValueKind::Own: ReadOwnField(id, node); return true;
   }
   return false;
 }
@@ -339,6 +341,7 @@ void RecordCore::WriteField(xmlBldr& b, FieldId id, const WriteContext& context)
   const FieldDef& f = decl_->Field(id);
   if (!f.since.Any() && context.versionNumber < f.since.Number()) return;
   if (f.gate && !f.gate(context, *this)) return;
+  if (f.kind == ValueKind::Own) return WriteOwnField(b, id, context);
   const Slot* s = values_.Find(id);
   if (!s) {
     // A flag QuickBooks needs in an add goes with its default.
@@ -479,15 +482,17 @@ FieldValue RecordCore::Value(FieldId id) const {
     case ValueKind::DateTime: return DateValue(id);
     case ValueKind::Ref: return Ref(id);
     case ValueKind::Aggregate:
-    case ValueKind::Children: break;
+    case ValueKind::Children:
+    case ValueKind::Own: break;
   }
   return {};
 }
 
 std::string RecordCore::ValueText(FieldId id) const {
+  const FieldDef& f = decl_->Field(id);
+  if (f.kind == ValueKind::Own) return OwnFieldText(id);
   const Slot* s = values_.Find(id);
   if (!s) return {};
-  const FieldDef& f = decl_->Field(id);
   switch (f.kind) {
     case ValueKind::Text: return std::string(values_.Text(*s));
     case ValueKind::Bool: return BoolToText(s->bits != 0);
@@ -506,7 +511,8 @@ std::string RecordCore::ValueText(FieldId id) const {
       return std::string(name.empty() ? values_.First(*s) : name);
     }
     case ValueKind::Aggregate:
-    case ValueKind::Children: break;
+    case ValueKind::Children:
+    case ValueKind::Own: break;
   }
   return {};
 }
@@ -529,10 +535,13 @@ void RecordCore::SetFromText(FieldId id, std::string_view text) {
       return;
     }
     case ValueKind::Ref: SetRefName(id, text); return;
+    case ValueKind::Own: SetOwnFieldText(id, text); return;
     case ValueKind::Aggregate:
     case ValueKind::Children: break;
   }
   Raise(1030, Label());
 }
+
+void RecordCore::SetOwnFieldText(FieldId, std::string_view) { Raise(1030, Label()); }
 
 }  // namespace brenvale

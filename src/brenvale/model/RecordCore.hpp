@@ -140,6 +140,15 @@ class RecordCore {
   void SetState(zqEnumObjectState state) { state_ = state; }
   // Elements the declaration does not cover; true when taken.
   virtual bool ReadOwn(std::string_view /*name*/, const DomNode& /*node*/) { return false; }
+  // Run when a read is done (the record is Clean).
+  virtual void AfterRead() {}
+  // The fields declared with field::Own: the record reads one element of the field (a repeated one
+  // comes once per element), writes the field in the form of the context, gives its text and takes
+  // it from text (the defaults skip, write nothing, give nothing and raise 1030).
+  virtual void ReadOwnField(FieldId /*id*/, const DomNode& /*node*/) {}
+  virtual void WriteOwnField(xmlBldr& /*b*/, FieldId /*id*/, const WriteContext& /*context*/) const {}
+  virtual std::string OwnFieldText(FieldId /*id*/) const { return {}; }
+  virtual void SetOwnFieldText(FieldId id, std::string_view text);
   // The list a reference without a list of its own points into (a parent's): the record's list.
   virtual zqEnumListType OwnList() const { return zqListTypeNone; }
 

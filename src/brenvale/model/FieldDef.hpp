@@ -20,6 +20,9 @@ struct WriteContext;
 // A field's position in its kind's field table.
 using FieldId = std::uint8_t;
 inline constexpr FieldId kNoField = 0xFF;
+// The slot a record keeps its data extensions in, beside its fields (a table has at most 254
+// fields, ids 0 to 253).
+inline constexpr FieldId kDataExtSlot = 0xFE;
 
 enum class ValueKind : std::uint8_t {
   Text,       // written as given

@@ -8,10 +8,13 @@
 #include "brenvale/core/Enumerations.hpp"
 #include "brenvale/core/TraceHook.hpp"
 #include "brenvale/model/ChildList.hpp"
+#include "brenvale/model/DataExtensions.hpp"
 #include "brenvale/model/RefCache.hpp"
+#include "brenvale/model/detail/DataExtBatch.hpp"
 #include "brenvale/model/detail/ReadTable.hpp"
 #include "brenvale/qbxml/Conversions.hpp"
 #include "brenvale/qbxml/Dom.hpp"
+#include "brenvale/qbxml/Session.hpp"
 #include "brenvale/qbxml/xmlBldr.hpp"
 
 namespace brenvale {
@@ -41,6 +44,25 @@ std::string_view ChildValue(const pugi::xml_node& node, const char* name) {
 
 }  // namespace
 
+namespace detail {
+
+// A record's data extensions: QuickBooks' own custom fields and the application's fields.
+struct RecordDataExt {
+  explicit RecordDataExt(RecordCore& record) : custom(record, "0"), application(record, {}) {}
+  DataExtensions custom;
+  DataExtensions application;  // its owner is known once the application's GUID or a value is
+
+  // One "DataExtRet" element, into the values of its owner.
+  void Read(const DomNode& node) {
+    const std::string owner = node.ChildText("OwnerID");
+    if (owner.empty() || owner == "0") return custom.Read(node);
+    if (application.OwnerId().empty()) application.OwnerId(owner);
+    application.Read(node);
+  }
+};
+
+}  // namespace detail
+
 std::size_t TextLength(std::string_view utf8) {
   std::size_t n = 0;
   for (char c : utf8)
@@ -51,7 +73,9 @@ std::size_t TextLength(std::string_view utf8) {
 RecordCore::~RecordCore() {
   for (const Slot& s : values_.Slots()) {
     if (!(s.flags & ValueStore::kOwned)) continue;
-    if (decl_->Field(s.id).kind == ValueKind::Children)
+    if (s.id == kDataExtSlot)
+      delete reinterpret_cast<detail::RecordDataExt*>(static_cast<std::uintptr_t>(s.bits));
+    else if (decl_->Field(s.id).kind == ValueKind::Children)
       delete reinterpret_cast<ChildListBase*>(static_cast<std::uintptr_t>(s.bits));
     else
       delete reinterpret_cast<RecordCore*>(static_cast<std::uintptr_t>(s.bits));
@@ -257,6 +281,8 @@ void RecordCore::ReadFrom(const DomNode& element) {
       if (!ReadField(id, DomNode(c)) && traced) detail::TraceUnknownField(Label(), name);
     } else if (name == "UserData") {
       UserData() = DomNode(c).Text();
+    } else if (decl_->dataExt && name == "DataExtRet") {
+      DataExtHolder().Read(DomNode(c));
     } else if (!ReadOwn(name, DomNode(c)) && traced) {
       detail::TraceUnknownField(Label(), name);
     }
@@ -543,5 +569,87 @@ void RecordCore::SetFromText(FieldId id, std::string_view text) {
 }
 
 void RecordCore::SetOwnFieldText(FieldId, std::string_view) { Raise(1030, Label()); }
+
+// --- data extensions ------------------------------------------------------------------------------
+
+detail::RecordDataExt* RecordCore::DataExtHeld() const {
+  const Slot* s = values_.Find(kDataExtSlot);
+  return s ? reinterpret_cast<detail::RecordDataExt*>(static_cast<std::uintptr_t>(s->bits)) : nullptr;
+}
+
+detail::RecordDataExt& RecordCore::DataExtHolder() {
+  if (detail::RecordDataExt* held = DataExtHeld()) return *held;
+  if (!decl_->dataExt) Raise(1030, Label());
+  auto made = std::make_unique<detail::RecordDataExt>(*this);
+  values_.SetBits(kDataExtSlot, reinterpret_cast<std::uintptr_t>(made.get()), ValueStore::kOwned);
+  return *made.release();
+}
+
+DataExtensions& RecordCore::CustomFields() { return DataExtHolder().custom; }
+
+DataExtensions& RecordCore::ApplicationFields() {
+  DataExtensions& fields = DataExtHolder().application;
+  if (fields.OwnerId().empty()) {
+    const std::string& registered = CurrentSession().dataExtOwnerID;
+    if (registered.empty()) Raise(2802, "DataExtensions");
+    fields.OwnerId(registered);
+  }
+  return fields;
+}
+
+const DataExtensions* RecordCore::FindCustomFields() const {
+  const detail::RecordDataExt* held = DataExtHeld();
+  return held && held->custom.Count() > 0 ? &held->custom : nullptr;
+}
+
+const DataExtensions* RecordCore::FindApplicationFields() const {
+  const detail::RecordDataExt* held = DataExtHeld();
+  return held && held->application.Count() > 0 ? &held->application : nullptr;
+}
+
+template <class F>
+void RecordCore::ForEachChild(F&& visit) {
+  for (std::size_t id = 0; id < decl_->fields.size(); ++id) {
+    if (decl_->fields[id]->kind != ValueKind::Children) continue;
+    if (const ChildListBase* list = FindChildren(static_cast<FieldId>(id)))
+      for (const auto& child : *list) visit(*child);
+  }
+}
+
+void RecordCore::AddDataExtChanges(detail::DataExtBatch& batch) {
+  if (detail::RecordDataExt* held = DataExtHeld()) {
+    batch.Add(held->custom);
+    batch.Add(held->application);
+  }
+  ForEachChild([&](RecordCore& child) { child.AddDataExtChanges(batch); });
+}
+
+Long RecordCore::ReportDataExtFailures() {
+  Long failed = 0;
+  if (detail::RecordDataExt* held = DataExtHeld())
+    for (DataExtensions* fields : {&held->custom, &held->application})
+      for (const DataExtension& value : *fields) {
+        if (value.PendingRequest().empty()) continue;
+        for (const zkError& e : value.Errors()) {
+          Errors().Add(e.Number(), value.Name(), e.Description());
+          ++failed;
+        }
+      }
+  ForEachChild([&](RecordCore& child) { failed += child.ReportDataExtFailures(); });
+  return failed;
+}
+
+Long RecordCore::SaveDataExtensions(std::string_view ListOrTxnId) {
+  if (!decl_->dataExt) Raise(1030, Label());
+  if (!ListOrTxnId.empty()) {
+    CustomFields().ListOrTxnId(std::string(ListOrTxnId));
+    DataExtHolder().application.ListOrTxnId(std::string(ListOrTxnId));
+  }
+  detail::DataExtBatch batch;
+  AddDataExtChanges(batch);
+  const Long saved = batch.Send();
+  if (ReportDataExtFailures() > 0 && CurrentSession().commitRaises) Raise(1023, Label());
+  return saved;
+}
 
 }  // namespace brenvale

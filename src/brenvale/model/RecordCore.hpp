@@ -16,6 +16,7 @@
 #include "brenvale/core/EnumTypes.hpp"
 #include "brenvale/core/Types.hpp"
 #include "brenvale/core/zkErrors.hpp"
+#include "brenvale/model/DataExtObject.hpp"
 #include "brenvale/model/RecordDecl.hpp"
 #include "brenvale/model/ValueStore.hpp"
 #include "brenvale/model/zkListObjectRef.hpp"
@@ -25,6 +26,11 @@ namespace brenvale {
 class DomNode;
 class xmlBldr;
 class ChildListBase;
+class DataExtensions;
+namespace detail {
+class DataExtBatch;
+struct RecordDataExt;
+}  // namespace detail
 
 // A field's value, for code that walks the declaration (the tool, tests).
 using FieldValue = std::variant<std::monostate, std::string, bool, std::int64_t, Currency, double, Date,
@@ -88,6 +94,28 @@ class RecordCore {
   const RecordCore* FindNested(FieldId id) const;
   ChildListBase& ChildrenOf(FieldId id);
   const ChildListBase* FindChildren(FieldId id) const;
+
+  // --- data extensions (custom fields), on the kinds whose declaration carries them ---------------
+  // QuickBooks' own custom fields (owner "0") on this record; 1030 on a kind that has none. The
+  // values come with the record when its query asked for them, and are kept only once one is held.
+  DataExtensions& CustomFields();
+  // The fields of the application whose GUID is registered with the connection (2802 when none is).
+  DataExtensions& ApplicationFields();
+  // The values held, or null when the record holds none.
+  const DataExtensions* FindCustomFields() const;
+  const DataExtensions* FindApplicationFields() const;
+  // Saves, in one message, the values of the record and of its lines that were added, changed or
+  // cleared; `ListOrTxnId` names the object when it is not the record's own. Returns how many
+  // QuickBooks saved; failures are collected in the values' Errors and copied to the record's (and
+  // raise 1023 after, with the library-wide setting on).
+  Long SaveDataExtensions(std::string_view ListOrTxnId = {});
+  // Adds the values of the record and of its child records that wait to be saved to `batch`.
+  void AddDataExtChanges(detail::DataExtBatch& batch);
+  // Copies the failures of the record's values (and its lines') in the last save to its Errors;
+  // returns how many there were.
+  Long ReportDataExtFailures();
+  // Where the record's values are kept: its kind, its ListID or TxnID, a line's TxnLineID.
+  virtual DataExtTarget DataExtTargetOf() const { return {decl_->objectType, {}, {}}; }
 
   // The key a collection files the record under; empty: the record is held without a key.
   virtual KeyParts CollectionKeyParts() const { return {}; }
@@ -158,6 +186,12 @@ class RecordCore {
   bool RuleFails(const Rule& rule, ValidateContext& context, int& code);
   void AfterSet(FieldId id);
   bool IsEmptyValue(FieldId id) const;
+  // The record's data extensions, kept in a slot of their own once there are any.
+  detail::RecordDataExt* DataExtHeld() const;
+  detail::RecordDataExt& DataExtHolder();
+  // Runs `visit` on every record of the record's child lists.
+  template <class F>
+  void ForEachChild(F&& visit);
 
   friend class ChildListBase;
 

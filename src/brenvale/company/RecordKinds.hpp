@@ -2,6 +2,7 @@
 // The record kinds the library offers, in one place. The master collections, the library globals,
 // the umbrella header and the tool read this list: adding a kind is its include below and one line
 // in the list.
+#include "brenvale/dataext/DataExtensionDefinitions.hpp"
 #include "brenvale/lists/Classes.hpp"
 #include "brenvale/lists/CustomerMessages.hpp"
 #include "brenvale/lists/CustomerTypes.hpp"
@@ -32,4 +33,5 @@
   X(PayrollItemWages, PayrollItemWage)   \
   X(Templates, Template)                 \
   X(PayrollItemNonWages, PayrollItemNonWage) \
-  X(TaxCodes, TaxCode)
+  X(TaxCodes, TaxCode)                   \
+  X(DataExtensionDefinitions, DataExtensionDefinition)

@@ -1,5 +1,6 @@
-// The company engine: adds per second in one batch message, queries per second, and how query time
-// grows with the size of the company (1k, 10k, 100k customers).
+// The company engine: adds per second in one batch message (customers with an address), queries per
+// second, how query time grows with the size of the company (1k, 10k, 100k customers), and an item
+// query across the twelve item kinds.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -164,6 +165,59 @@ void BM_ReadAllCustomersByIterator(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * n);
 }
 BENCHMARK(BM_ReadAllCustomersByIterator)->Arg(1000)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
+// An item query across kinds: a company holding state.range(0) items, as many of each of the twelve
+// kinds (inventory with stock on hand, whose quantity and average cost come from the ledger), read
+// whole by one ItemQuery.
+std::string ItemAdd(int kind, int i) {
+  const std::string n = std::to_string(i);
+  const std::string price = "<SalesOrPurchase><Price>" + n + ".5</Price></SalesOrPurchase>";
+  struct Kind {
+    const char* name;
+    std::string body;
+  };
+  const Kind kinds[] = {
+      {"ItemService", price},
+      {"ItemNonInventory", price},
+      {"ItemOtherCharge", price},
+      {"ItemInventory", "<SalesPrice>3</SalesPrice><QuantityOnHand>" + n + "</QuantityOnHand><TotalValue>" + n +
+                            "0</TotalValue>"},
+      {"ItemInventoryAssembly", "<ItemInventoryAssemblyLine><ItemInventoryRef><FullName>Inventory " + n +
+                                    "</FullName></ItemInventoryRef><Quantity>2</Quantity></ItemInventoryAssemblyLine>"},
+      {"ItemFixedAsset", "<AcquiredAs>New</AcquiredAs><PurchaseDesc>Truck</PurchaseDesc><PurchaseDate>2024-01-02"
+                         "</PurchaseDate>"},
+      {"ItemSubtotal", "<ItemDesc>Subtotal</ItemDesc>"},
+      {"ItemDiscount", "<DiscountRatePercent>5</DiscountRatePercent>"},
+      {"ItemPayment", "<ItemDesc>Deposit</ItemDesc>"},
+      {"ItemSalesTax", "<TaxRate>6.25</TaxRate>"},
+      {"ItemSalesTaxGroup", "<ItemSalesTaxRef><FullName>SalesTax " + n + "</FullName></ItemSalesTaxRef>"},
+      {"ItemGroup", "<ItemGroupLine><ItemRef><FullName>Service " + n + "</FullName></ItemRef></ItemGroupLine>"},
+  };
+  const char* names[] = {"Service", "NonInventory", "OtherCharge", "Inventory", "Assembly", "FixedAsset",
+                         "Subtotal", "Discount", "Payment", "SalesTax", "TaxGroup", "Group"};
+  const Kind& k = kinds[kind];
+  return std::string("<") + k.name + "AddRq><" + k.name + "Add><Name>" + names[kind] + " " + n + "</Name>" + k.body +
+         "</" + k.name + "Add></" + k.name + "AddRq>";
+}
+
+void BM_ItemQueryAcrossKinds(benchmark::State& state) {
+  const int n = static_cast<int>(state.range(0)) / 12;
+  Company c("items");
+  for (int kind = 0; kind < 12; ++kind) {
+    std::string batch;
+    for (int i = 0; i < n; ++i) batch += ItemAdd(kind, i);
+    c.Send(batch);
+  }
+  std::size_t bytes = 0;
+  for (auto _ : state) {
+    std::string r = c.Send("<ItemQueryRq/>");
+    bytes = r.size();
+    benchmark::DoNotOptimize(r);
+  }
+  state.SetItemsProcessed(state.iterations() * n * 12);
+  state.counters["response_MiB"] = static_cast<double>(bytes) / (1024.0 * 1024.0);
+}
+BENCHMARK(BM_ItemQueryAcrossKinds)->Arg(1200)->Arg(3600)->Arg(12000)->Arg(24000)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 // The resident set of this process in KiB.
 long ResidentKiB() {

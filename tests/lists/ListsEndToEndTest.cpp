@@ -314,5 +314,262 @@ TEST_F(CompanyEndToEnd, ReadOnlyListsAndTaxCodes) {
   EXPECT_EQ(BrenvaleGlobals::QBConnection().qbxmlVersion(), before);
 }
 
+// --- accounts, terms and price levels --------------------------------------------------------------
+
+// The full names a query collection holds.
+template <class C>
+std::vector<std::string> Queried(const std::function<Long(C&)>& query) {
+  C c;
+  query(c);
+  return FullNames(c);
+}
+
+// A tree of bank accounts with opening balances, added in one batch (parents before children): the
+// sums of sub-accounts, every query, a change, a move, and deletes QuickBooks takes or refuses.
+TEST_F(CompanyEndToEnd, AnAccountTreeWithOpeningBalances) {
+  Accounts& master = BrenvaleGlobals::Accounts();
+  const Date opened = Date::Serial(2024, 1, 1);
+  master.Add("Operating", true, {}, qbBank, "1000", "0012-3456", "Main account", Currency(1000), opened);
+  master.Add("Payroll", true, "Operating", qbBank, "1010", {}, {}, Currency(250), opened);
+  master.Add("Reserve", true, "Operating:Payroll", qbBank, {}, {}, {}, Currency::FromUnits(405000), opened);
+  master.Add("Savings", true, {}, qbBank, "1100");
+  ASSERT_EQ(master.Commit(), 4) << (master.Errors().Count() ? master.Errors()[1].Description() : "");
+  Account& operating = master.Item("Operating");
+  EXPECT_EQ(master.Item("Operating:Payroll:Reserve").Sublevel(), 2);
+  EXPECT_EQ(operating.Balance(), Currency(1000));
+  EXPECT_EQ(operating.SumSubAccountBalances(), Currency::FromUnits(12905000));
+
+  // Read back by every query.
+  Accounts query;
+  Account* reserve = query.GetByFullName("Operating:Payroll:Reserve");
+  ASSERT_NE(reserve, nullptr);
+  EXPECT_EQ(reserve->Balance(), Currency::FromUnits(405000));
+  EXPECT_EQ(reserve->AccountType(), qbBank);
+  const std::string reserveId = reserve->ListID();
+  query.Clear();
+  ASSERT_NE(query.GetByListID(operating.ListID()), nullptr);
+  EXPECT_EQ(query.Item("Operating").AccountNumber(), "1000");
+  EXPECT_EQ(query.Item("Operating").BankNumber(), "0012-3456");
+  EXPECT_EQ(query.Item("Operating").Desc(), "Main account");
+  EXPECT_EQ(Queried<Accounts>([](Accounts& c) { return c.GetByNameRange("Operating:Payroll:A", "Operating:Payroll:Z"); }),
+            std::vector<std::string>{"Operating:Payroll:Reserve"});
+  EXPECT_EQ(Queried<Accounts>([](Accounts& c) { return c.GetByNameMatch("Operat", qbMatchStartsWith); }).size(), 3u);
+  EXPECT_EQ(Queried<Accounts>([](Accounts& c) { return c.GetByNameMatch("Reserve", qbMatchEndsWith); }),
+            std::vector<std::string>{"Operating:Payroll:Reserve"});
+  EXPECT_EQ(Queried<Accounts>([](Accounts& c) { return c.GetByNameMatch("avin", qbMatchContains); }),
+            std::vector<std::string>{"Savings"});
+  EXPECT_GE(Queried<Accounts>([&](Accounts& c) { return c.GetByDateSpan(operating.TimeCreated(), Date()); }).size(), 4u);
+  master.GetActive();
+  ASSERT_TRUE(master.ItemExists("Operating:Payroll"));
+
+  // The sum from a fresh read, through the tree the collection links, to QuickBooks' own total.
+  Accounts all;
+  all.GetAll();
+  Account& top = all.Item("Operating");
+  EXPECT_EQ(all.SumSubAccountBalances(top), Currency::FromUnits(12905000));
+  EXPECT_EQ(top.TotalBalance(), all.SumSubAccountBalances(top));
+  EXPECT_EQ(all.Item("Operating:Payroll").TotalBalance(), Currency::FromUnits(2905000));
+  EXPECT_EQ(all.SumSubAccountBalances(all.Item("Savings")), Currency(0));
+
+  // A change: renamed, described; the opening balance is the add's alone.
+  Account& savings = master.Item("Savings");
+  savings.Name("Savings Reserve");
+  savings.Desc("Rainy days");
+  EXPECT_EQ(RaisedBy([&] { savings.OpenBalance(Currency(5)); }).Number(), ErrorNumber(1002));
+  ASSERT_EQ(master.Commit(), 1) << (savings.Errors().Count() ? savings.Errors()[1].Description() : "");
+  // Moved: the reserve goes under the savings account, with its balance.
+  Account& moved = master.Item("Operating:Payroll:Reserve");
+  moved.Parent("Savings Reserve");
+  ASSERT_EQ(master.Commit(), 1) << (moved.Errors().Count() ? moved.Errors()[1].Description() : "");
+  EXPECT_EQ(moved.FullName(), "Savings Reserve:Reserve");
+  all.GetAll();
+  EXPECT_EQ(all.Item("Savings Reserve").Desc(), "Rainy days");
+  EXPECT_EQ(all.SumSubAccountBalances(all.Item("Savings Reserve")), Currency::FromUnits(405000));
+  EXPECT_EQ(all.SumSubAccountBalances(all.Item("Operating")), Currency(1250));
+
+  // Deletes: an account with sub-accounts is refused, so is one in use (its opening balance is
+  // posted); a leaf that nothing uses goes.
+  EXPECT_EQ(RaisedBy([&] { master.Delete(master.Item("Savings Reserve").ListID()); }).Number(), ErrorNumber(1026));
+  EXPECT_EQ(master.Errors().Count(), 1);  // QuickBooks' reason
+  EXPECT_EQ(RaisedBy([&] { master.Delete(reserveId); }).Number(), ErrorNumber(1026));
+  master.Add("Petty", true, "Savings Reserve", qbBank);
+  ASSERT_EQ(master.Commit(), 1);
+  EXPECT_EQ(master.Delete(master.Item("Savings Reserve:Petty").ListID()), 0);
+  Accounts after;
+  EXPECT_EQ(after.GetByNameMatch("Reserve", qbMatchEndsWith), 2);  // the savings account and its reserve
+  EXPECT_EQ(after.GetByNameMatch("Petty", qbMatchContains), 0);
+}
+
+// What the library refuses and what QuickBooks refuses: a value over its limit, a parent of another
+// type, a name taken; each a clear error on its record, and nothing of it added.
+TEST_F(CompanyEndToEnd, BadAccountsAreRefusedWithNothingHalfAdded) {
+  Accounts& master = BrenvaleGlobals::Accounts();
+  master.Add("Vehicles", true, {}, qbFixedAsset);
+  ASSERT_EQ(master.Commit(), 1);
+  Accounts before;
+  const Long count = before.GetAll();
+
+  Account& longNumber = master.Add("Van", true, "Vehicles", qbFixedAsset, "12345678");
+  Account& fuel = master.Add("Fuel", true, "Vehicles", qbExpense);
+  Account& twice = master.Add("Vehicles", true, {}, qbFixedAsset);
+  Account& good = master.Add("Truck", true, "Vehicles", qbFixedAsset);
+  CurrentSession().commitRaises = false;
+  EXPECT_EQ(master.Commit(), 1);
+  ASSERT_EQ(longNumber.Errors().Count(), 1);
+  EXPECT_EQ(longNumber.Errors()[1].Number(), ErrorNumber(1300));
+  EXPECT_EQ(longNumber.Errors()[1].Field(), "Number");
+  ASSERT_EQ(fuel.Errors().Count(), 1);
+  EXPECT_EQ(fuel.Errors()[1].Number(), ErrorNumber(1303));
+  ASSERT_EQ(twice.Errors().Count(), 1);
+  EXPECT_EQ(twice.Errors()[1].Number(), ErrorNumber(1017));
+  EXPECT_EQ(good.ObjectState(), zqObjectStateClean);
+
+  Accounts after;
+  EXPECT_EQ(after.GetAll(), count + 1);
+  EXPECT_TRUE(Holds(after, "Vehicles:Truck"));
+  EXPECT_FALSE(Holds(after, "Vehicles:Van"));
+  EXPECT_FALSE(Holds(after, "Vehicles:Fuel"));
+}
+
+// Terms of both kinds: added through one collection, read back each as its own kind by every query,
+// never modified, deleted as their own kind.
+TEST_F(CompanyEndToEnd, TermsOfBothKinds) {
+  Terms& master = BrenvaleGlobals::Terms();
+  StandardTerm& net = master.Add<StandardTerm>("Net 21");
+  net.StdDueDays(21);
+  net.StdDiscountDays(7);
+  net.DiscountPct(Currency(3));
+  auto& prox = static_cast<DateDrivenTerm&>(master.Add(zqObjectTypeDateDrivenTerms, "Prox 10"));
+  prox.DayOfMonthDue(10);
+  prox.DueNextMonthDays(5);
+  prox.DiscountDayOfMonth(1);
+  ASSERT_EQ(master.Commit(), 2) << (master.Errors().Count() ? master.Errors()[1].Description() : "");
+  EXPECT_FALSE(net.ListID().empty());
+
+  Terms query;
+  EXPECT_GE(query.GetAll(), 2);
+  zkTerm& readNet = query.Item("Net 21");
+  ASSERT_FALSE(readNet.IsDateDriven());
+  EXPECT_EQ(static_cast<StandardTerm&>(readNet).StdDiscountDays(), 7);
+  EXPECT_EQ(readNet.DiscountPercent(), Currency(3));
+  EXPECT_EQ(readNet.CalculateDueDate(Date::Serial(2024, 1, 15)), Date::Serial(2024, 2, 5));
+  EXPECT_EQ(readNet.CalculateDiscountDate(Date::Serial(2024, 1, 15)), Date::Serial(2024, 1, 22));
+  zkTerm& readProx = query.Item("Prox 10");
+  ASSERT_TRUE(readProx.IsDateDriven());
+  EXPECT_EQ(readProx.CalculateDueDate(Date::Serial(2024, 1, 8)), Date::Serial(2024, 2, 10));
+  EXPECT_EQ(readProx.CalculateDiscountDate(Date::Serial(2024, 1, 8)), Date::Serial(2024, 2, 1));
+
+  Terms byType;
+  EXPECT_GE(byType.GetByType(zqObjectTypeDateDrivenTerms), 1);
+  for (Long i = 1; i <= byType.Count(); ++i) EXPECT_TRUE(byType.Item(static_cast<std::size_t>(i)).IsDateDriven());
+  byType.GetByType(zqObjectTypeStandardTerms);
+  EXPECT_TRUE(byType.ItemExists("Net 21"));
+  EXPECT_FALSE(byType.ItemExists("Prox 10"));
+  Terms one;
+  ASSERT_NE(one.GetByFullName("Prox 10"), nullptr);
+  ASSERT_NE(one.GetByListID(net.ListID()), nullptr);
+  EXPECT_EQ(one.Count(), 2);
+  EXPECT_EQ(Queried<Terms>([](Terms& c) { return c.GetByNameRange("Net 21", "Prox 10"); }),
+            (std::vector<std::string>{"Net 21", "Net 30", "Net 60", "Prox 10"}));
+  EXPECT_EQ(Queried<Terms>([](Terms& c) { return c.GetByNameMatch("rox", qbMatchContains); }),
+            std::vector<std::string>{"Prox 10"});
+  EXPECT_GE(Queried<Terms>([&](Terms& c) { return c.GetByDateSpan(net.TimeCreated(), Date()); }).size(), 2u);
+  master.GetActive();
+  EXPECT_TRUE(master.ItemExists("Prox 10"));
+
+  // Neither kind can be modified: refused before anything is sent.
+  master.Item("Net 21").Name("Net 22");
+  BrenvaleError refused = RaisedBy([&] { master.Commit(); });
+  EXPECT_EQ(refused.Number(), ErrorNumber(1003));
+  EXPECT_EQ(refused.Description(), "XMLModify not supported");
+
+  // Deleted as their own kinds, held or not.
+  master.GetActive();
+  EXPECT_EQ(master.Delete(master.Item("Prox 10").ListID()), 0);
+  Terms fresh;
+  EXPECT_EQ(fresh.Delete(one.Item("Net 21").ListID()), 0);
+  Terms gone;
+  gone.GetAll();
+  EXPECT_FALSE(gone.ItemExists("Net 21"));
+  EXPECT_FALSE(gone.ItemExists("Prox 10"));
+}
+
+// Price levels of both forms over two items: read back by every query, changed, deleted; a price of
+// an item QuickBooks does not have is refused with nothing added.
+TEST_F(CompanyEndToEnd, PriceLevelsOfBothForms) {
+  for (const char* item : {"Design", "Survey"})
+    Send(std::string("<ItemServiceAddRq requestID = \"1\"><ItemServiceAdd><Name>") + item +
+         "</Name><SalesOrPurchase><Price>100.00</Price><AccountRef><FullName>Uncategorized Income</FullName>"
+         "</AccountRef></SalesOrPurchase></ItemServiceAdd></ItemServiceAddRq>");
+  PriceLevels& master = BrenvaleGlobals::PriceLevels();
+  PriceLevel& trade = master.Add("Trade");
+  trade.PriceLevelsPerItem().Add("Design", 85.5f);
+  trade.PriceLevelsPerItem().Add("Survey", -12.0f, true);
+  PriceLevel& staff = master.Add("Staff");
+  staff.PriceLevelFixedPercentage(-20);
+  ASSERT_EQ(master.Commit(), 2) << (trade.Errors().Count() ? trade.Errors()[1].Description() : "")
+                                << (master.Errors().Count() ? master.Errors()[1].Description() : "");
+
+  PriceLevels query;
+  PriceLevel* back = query.GetByFullName("Trade");
+  ASSERT_NE(back, nullptr);
+  EXPECT_EQ(back->PriceLevelType(), "PerItem");
+  levelsPerItem prices = back->PriceLevelsPerItem();
+  ASSERT_EQ(prices.Count(), 2);
+  EXPECT_EQ(prices[1].Item(), "Design");
+  EXPECT_FALSE(prices[1].ItemRef().ListID().empty());
+  EXPECT_FLOAT_EQ(prices[1].CustomPrice(), 85.5f);
+  EXPECT_FALSE(prices[1].CustomPriceIsPercent());
+  EXPECT_EQ(prices[2].Item(), "Survey");
+  EXPECT_FLOAT_EQ(prices[2].CustomPrice(), -12.0f);
+  EXPECT_TRUE(prices[2].CustomPriceIsPercent());
+  PriceLevel* fixed = query.GetByListID(staff.ListID());
+  ASSERT_NE(fixed, nullptr);
+  EXPECT_EQ(fixed->PriceLevelType(), "FixedPercentage");
+  EXPECT_DOUBLE_EQ(fixed->PriceLevelFixedPercentage(), -20.0);
+  EXPECT_EQ(Queried<PriceLevels>([](PriceLevels& c) { return c.GetByNameRange("S", "Staff"); }),
+            std::vector<std::string>{"Staff"});
+  EXPECT_EQ(Queried<PriceLevels>([](PriceLevels& c) { return c.GetByNameMatch("rad", qbMatchContains); }),
+            std::vector<std::string>{"Trade"});
+  EXPECT_EQ(Queried<PriceLevels>([&](PriceLevels& c) { return c.GetByDateSpan(staff.TimeCreated(), Date()); }).size(),
+            2u);
+
+  // Changed: a deeper discount, a new price for one item, renamed.
+  staff.PriceLevelFixedPercentage(-25);
+  staff.Name("Staff and family");
+  trade.PriceLevelsPerItem()[1].CustomPrice(80.0f);
+  ASSERT_EQ(master.Commit(), 2) << (master.Errors().Count() ? master.Errors()[1].Description() : "");
+  PriceLevels changed;
+  changed.GetAll();
+  EXPECT_DOUBLE_EQ(changed.Item("Staff and family").PriceLevelFixedPercentage(), -25.0);
+  bool designSeen = false;
+  for (const levelPerItem& p : changed.Item("Trade").PriceLevelsPerItem())
+    if (p.Item() == "Design") {
+      designSeen = true;
+      EXPECT_FLOAT_EQ(p.CustomPrice(), 80.0f);
+    }
+  EXPECT_TRUE(designSeen);
+
+  // An unknown item: refused by the library, nothing sent for it, nothing added.
+  PriceLevel& bad = master.Add("Bad");
+  bad.PriceLevelsPerItem().Add("Design", 1.0f);
+  bad.PriceLevelsPerItem().Add("Nothing Such", 1.0f);
+  CurrentSession().commitRaises = false;
+  EXPECT_EQ(master.Commit(), 0);
+  ASSERT_EQ(bad.Errors().Count(), 1);
+  EXPECT_EQ(bad.Errors()[1].Number(), ErrorNumber(2001));
+  EXPECT_EQ(bad.Errors()[1].Field(), "Item 2");
+  PriceLevels none;
+  none.GetAll();
+  EXPECT_FALSE(none.ItemExists("Bad"));
+
+  // Deleted.
+  EXPECT_EQ(master.Delete(trade.ListID()), 0);
+  PriceLevels left;
+  left.GetAll();
+  EXPECT_FALSE(left.ItemExists("Trade"));
+  EXPECT_TRUE(left.ItemExists("Staff and family"));
+}
+
 }  // namespace
 }  // namespace brenvale::testing

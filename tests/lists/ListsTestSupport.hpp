@@ -3,6 +3,7 @@
 // collector of what the trace hook is given.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -10,6 +11,7 @@
 
 #include "brenvale/core/BrenvaleError.hpp"
 #include "brenvale/core/TraceHook.hpp"
+#include "brenvale/model/ListRecord.hpp"
 #include "brenvale/qbxml/Session.hpp"
 #include "support/RaisedBy.hpp"
 #include "support/ScriptedProcessor.hpp"
@@ -50,6 +52,44 @@ inline std::string StatusResponse(const std::string& rs, int status, const std::
   return Response("<" + rs + " requestID=\"1\" statusCode=\"" + std::to_string(status) +
                   "\" statusSeverity=\"" + (status ? "Warn" : "Info") + "\" statusMessage=\"" + message +
                   "\">" + body + "</" + rs + ">");
+}
+
+// One broken field and what Validate must say about it; code 0: the record must still pass.
+struct RuleCase {
+  std::string what;
+  std::function<void(ListRecord&)> change;
+  int code = 0;
+  std::string field;
+  std::string message;
+};
+
+// The name rules of the lists whose names are at most 31 characters.
+inline std::vector<RuleCase> NameRuleCases() {
+  return {{"empty name", [](ListRecord& r) { r.Name(""); }, 1012, "Name", "Name cannot be null"},
+          {"31 characters", [](ListRecord& r) { r.Name(std::string(31, 'n')); }},
+          {"32 characters", [](ListRecord& r) { r.Name(std::string(32, 'n')); }, 1013, "Name",
+           "Name cannot exceed 31 characters"}};
+}
+
+// Breaks a valid new record as the rule says and checks what Validate makes of it: one entry with
+// the rule's code, field and message (or none), the record still New.
+inline void ExpectRule(ListRecord& r, const RuleCase& rule) {
+  SCOPED_TRACE(rule.what);
+  rule.change(r);
+  // Twice: the second run replaces the first run's entries.
+  r.Validate();
+  const bool ok = r.Validate();
+  if (rule.code == 0) {
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(r.Errors().Count(), 0);
+    return;
+  }
+  EXPECT_FALSE(ok);
+  ASSERT_EQ(r.Errors().Count(), 1);
+  EXPECT_EQ(r.Errors()[1].Number(), ErrorNumber(rule.code));
+  EXPECT_EQ(r.Errors()[1].Field(), rule.field);
+  EXPECT_EQ(r.Errors()[1].Description(), rule.message);
+  EXPECT_EQ(r.ObjectState(), zqObjectStateNew);
 }
 
 // Collects (source, text) pairs given to the trace hook while alive.

@@ -1,7 +1,10 @@
 // The record core, through the kinds declared for the tests: state, reading, the bodies of each
 // form, nested aggregates, choices, gates, validation, lines and their guards.
+#include <memory>
+#include <type_traits>
 #include <vector>
 
+#include "brenvale/company/RecordKinds.hpp"
 #include "brenvale/core/TraceHook.hpp"
 #include "brenvale/lists/TaxCode.hpp"
 #include "model/ModelTestSupport.hpp"
@@ -48,6 +51,27 @@ TEST_F(Records, ReadEveryKindOfValueAndTraceWhatTheyDoNotKnow) {
   // An unknown element and a value that does not convert are skipped, each traced once.
   EXPECT_EQ(traced, (std::vector<std::string>{"Customer|Unknown Field: Gadget", "Customer|Unknown Field: DeliveryMethod"}));
   EXPECT_FALSE(c.Has(TestCustomer::Id("DeliveryMethod")));
+}
+
+// A record reading a nested record of a kind not read before keeps reading its own elements after
+// it, however many kinds the thread has read: its own table of elements stays while it is in use.
+TEST_F(Records, ANestedReadLeavesItsOwnersElementsReadable) {
+  TestCustomer first;
+  first.ReadFrom(Parse("<CustomerRet><Name>A</Name></CustomerRet>").DocumentElement());
+  // Records of seven other kinds between the two reads (what a small cache of tables would have
+  // made room for by dropping the customer's when the address came).
+  std::vector<std::unique_ptr<RecordCore>> others;
+#define BRENVALE_READ_KIND(Collection, Record) \
+  if constexpr (!std::is_abstract_v<Record>)   \
+    if (others.size() < 7) others.push_back(std::make_unique<Record>());
+  BRENVALE_RECORD_KINDS(BRENVALE_READ_KIND)
+#undef BRENVALE_READ_KIND
+  for (auto& r : others) r->ReadFrom(Parse("<Ret><Name>B</Name></Ret>").DocumentElement());
+  TestCustomer c;
+  c.ReadFrom(Parse(kCustomerRet).DocumentElement());
+  EXPECT_EQ(c.BillAddress().City(), "Boston");
+  EXPECT_EQ(c.Text("Phone"), "(677) 361-2583");
+  EXPECT_EQ(c.Text("IsStatementWithParent"), "false");
 }
 
 TEST_F(Records, StateFollowsSettersReadsAndNestedChanges) {

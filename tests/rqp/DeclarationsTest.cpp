@@ -1,12 +1,14 @@
 // The engine's declarations against QuickBooks' own: every declared element's children in the order
 // of the qbXML 13.0 schema, and the version that brought each element and the length QuickBooks
 // Desktop allows as Intuit's annotated sample gives them.
+#include <functional>
 #include <map>
 #include <regex>
 
 #include "brenvale/rqp/engine/Company.hpp"
 #include "brenvale/rqp/schema/Declarations.hpp"
 #include "rqp/EngineHarness.hpp"
+#include "rqp/QbxmlSchema.hpp"
 
 namespace rqptest {
 namespace {
@@ -17,65 +19,6 @@ using brenvale::rqp::detail::Declarations;
 std::string VersionText(int tenths) {
   return tenths == 0 ? "-" : std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
 }
-
-// The element definitions of the schema files.
-class Schema {
- public:
-  bool Load(const std::string& folder) {
-    for (const char* file : {"qbxml130.xsd", "qbxmlops130.xsd", "qbxmlso130.xsd"}) {
-      docs_.emplace_back(std::make_unique<pugi::xml_document>());
-      if (!docs_.back()->load_file((folder + "/" + file).c_str())) return false;
-      for (auto n : docs_.back()->document_element().children()) {
-        std::string_view kind = n.name();
-        std::string name = n.attribute("name").value();
-        if (kind == "xsd:element") elements_[name] = n;
-        else if (kind == "xsd:group") groups_[name] = n;
-        else if (kind == "xsd:complexType") types_[name] = n;
-      }
-    }
-    // Request and response elements are declared inside the message sets.
-    for (auto& doc : docs_)
-      for (auto x : doc->select_nodes("//xsd:element[@name and @type]"))
-        if (!elements_.count(x.node().attribute("name").value())) elements_[x.node().attribute("name").value()] = x.node();
-    return true;
-  }
-
-  pugi::xml_node Element(const std::string& name) const {
-    auto it = elements_.find(name);
-    return it == elements_.end() ? pugi::xml_node() : it->second;
-  }
-
-  // The children an element may have, in schema order: (name, definition).
-  std::vector<std::pair<std::string, pugi::xml_node>> Children(pugi::xml_node element) const {
-    std::vector<std::pair<std::string, pugi::xml_node>> out;
-    pugi::xml_node content = element.child("xsd:complexType");
-    if (auto type = element.attribute("type")) {
-      auto it = types_.find(type.value());
-      if (it != types_.end()) content = it->second;
-    }
-    Walk(content, out);
-    return out;
-  }
-
- private:
-  void Walk(pugi::xml_node n, std::vector<std::pair<std::string, pugi::xml_node>>& out) const {
-    for (auto c : n.children()) {
-      std::string_view kind = c.name();
-      if (kind == "xsd:element") {
-        if (auto ref = c.attribute("ref")) out.emplace_back(ref.value(), Element(ref.value()));
-        else out.emplace_back(c.attribute("name").value(), c);
-      } else if (kind == "xsd:group") {
-        auto it = groups_.find(c.attribute("ref").value());
-        if (it != groups_.end()) Walk(it->second, out);
-      } else if (kind == "xsd:sequence" || kind == "xsd:choice" || kind == "xsd:complexType") {
-        Walk(c, out);
-      }
-    }
-  }
-
-  std::vector<std::unique_ptr<pugi::xml_document>> docs_;
-  std::map<std::string, pugi::xml_node, std::less<>> elements_, groups_, types_;
-};
 
 // What Intuit's annotated sample says of one element.
 struct Annotation {
@@ -157,6 +100,9 @@ class DeclarationsTest : public ::testing::Test {
         out.push_back(at + ": length " + std::to_string(child.maxLength) + ", QuickBooks Desktop's is " +
                       std::to_string(a.length));
       if (ret && a.notInDesktop) out.push_back(at + ": answered, but QuickBooks Desktop does not have it");
+      bool desktopTakesIt = rule.editions == 0 || (rule.editions & brenvale::rqp::detail::kEditionUS) != 0;
+      if (!ret && a.notInDesktop && desktopTakesIt) out.push_back(at + ": taken, but QuickBooks Desktop does not have it");
+      if (!ret && !a.notInDesktop && !desktopTakesIt) out.push_back(at + ": refused, but QuickBooks Desktop has it");
       if (child.IsComplex()) CompareAnnotations(child, s, at, ret, since, out);
     }
   }
@@ -167,11 +113,11 @@ class DeclarationsTest : public ::testing::Test {
     return out;
   }
 
-  static Schema schema_;
+  static QbxmlSchemaTree schema_;
   static pugi::xml_document sample_;
 };
 
-Schema DeclarationsTest::schema_;
+QbxmlSchemaTree DeclarationsTest::schema_;
 pugi::xml_document DeclarationsTest::sample_;
 
 TEST_F(DeclarationsTest, ChildrenAreInSchemaOrder) {
@@ -231,6 +177,29 @@ TEST_F(DeclarationsTest, VersionsAndLengthsAreQuickBooksDesktops) {
   }
   EXPECT_GT(compared, 150u);
   EXPECT_TRUE(problems.empty()) << problems.size() << " declarations differ from QuickBooks':" << Listed(problems);
+}
+
+// The other way round: whatever QuickBooks' schema lets a request hold, at any depth, the engine
+// declares, so that no request QuickBooks takes is refused as malformed.
+TEST_F(DeclarationsTest, EveryElementOfQuickBooksRequestsIsDeclared) {
+  const Declarations& ds = Declarations::Get();
+  std::vector<std::string> missing;
+  std::function<void(const Decl&, pugi::xml_node, const std::string&)> walk = [&](const Decl& decl, pugi::xml_node def,
+                                                                                  const std::string& path) {
+    for (auto& [name, node] : schema_.Children(def)) {
+      const brenvale::rqp::detail::ChildRule* rule = decl.Child(name);
+      if (!rule) {
+        missing.push_back(path + "/" + name);
+      } else if (const Decl& child = ds.At(rule->decl); child.IsComplex() && node) {
+        walk(child, node, path + "/" + name);
+      }
+    }
+  };
+  for (auto& [name, id] : ds.Requests())
+    if (pugi::xml_node definition = schema_.Element(name)) walk(ds.At(id), definition, name);
+  std::sort(missing.begin(), missing.end());
+  EXPECT_GT(ds.Requests().size(), 100u);
+  EXPECT_TRUE(missing.empty()) << missing.size() << " elements QuickBooks takes are not declared:" << Listed(missing);
 }
 
 }  // namespace

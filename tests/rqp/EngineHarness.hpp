@@ -1,11 +1,13 @@
 #pragma once
 // Drives the company engine with raw qbXML as a host would, on a company file in a fresh temporary
 // folder, and checks every response against Intuit's qbXML 13.0 schema. Without the schema folder
-// the engine tests are skipped, visibly: their responses could not be checked.
+// the engine tests are skipped, visibly: their responses could not be checked. After every test the
+// company's ledger is checked: the postings of each transaction sum to zero, and go to accounts.
 #include <gtest/gtest.h>
 
 #include <libxml/parser.h>
 #include <libxml/xmlschemas.h>
+#include <sqlite3.h>
 
 #include <filesystem>
 #include <memory>
@@ -95,7 +97,37 @@ class EngineTest : public TempFolderTest {
 
   void TearDown() override {
     engine_.reset();
+    if (fs::exists(Company())) {
+      EXPECT_EQ(LedgerFaults(Company()), std::vector<std::string>{});
+    }
     TempFolderTest::TearDown();
+  }
+
+  // What is wrong with the ledger of the company file at `path`: a transaction whose postings do not
+  // sum to zero, or a posting to something that is not an account. Read with SQL of its own.
+  static std::vector<std::string> LedgerFaults(const std::string& path) {
+    std::vector<std::string> faults;
+    sqlite3* db = nullptr;
+    if (sqlite3_open_v2(path.c_str(), &db, SQLITE_OPEN_READONLY, nullptr) != SQLITE_OK) {
+      sqlite3_close(db);
+      return {"cannot open " + path};
+    }
+    const char* checks[] = {
+        "SELECT 'unbalanced ' || txn_type || ' ' || txn_id || ': ' || sum(amount) FROM postings "
+        "GROUP BY txn_type, txn_id HAVING sum(amount) <> 0",
+        "SELECT 'posted to ' || p.account || ', not an account' FROM postings p LEFT JOIN records r "
+        "ON r.list_id = p.account AND r.ret LIKE '<AccountRet>%' WHERE r.id IS NULL"};
+    for (const char* sql : checks) {
+      sqlite3_stmt* s = nullptr;
+      if (sqlite3_prepare_v2(db, sql, -1, &s, nullptr) != SQLITE_OK) {
+        faults.push_back(sqlite3_errmsg(db));
+        continue;
+      }
+      while (sqlite3_step(s) == SQLITE_ROW) faults.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(s, 0)));
+      sqlite3_finalize(s);
+    }
+    sqlite3_close(db);
+    return faults;
   }
 
   void Open(brenvale::rqp::HostFacts facts = {}) {
@@ -190,5 +222,12 @@ class EngineTest : public TempFolderTest {
 };
 
 inline std::string Text(pugi::xml_node n, const char* path) { return n.first_element_by_path(path).text().get(); }
+
+// The text of `path` in every Ret element of a response, in order.
+inline std::vector<std::string> RetTexts(const Status& s, const char* path = "FullName") {
+  std::vector<std::string> out;
+  for (auto ret : s.node.children()) out.push_back(Text(ret, path));
+  return out;
+}
 
 }  // namespace rqptest

@@ -13,11 +13,7 @@ class ListTest : public EngineTest {
   Status ById(const std::string& kind, const std::string& id) {
     return One("<" + kind + "QueryRq><ListID>" + id + "</ListID></" + kind + "QueryRq>");
   }
-  std::vector<std::string> Names(const Status& s, const char* field = "FullName") {
-    std::vector<std::string> out;
-    for (auto ret : s.node.children()) out.push_back(ret.child(field).text().get());
-    return out;
-  }
+  static std::vector<std::string> Names(const Status& s, const char* field = "FullName") { return RetTexts(s, field); }
 };
 
 TEST_F(ListTest, EditSequenceChangesOnEveryModifyAndStaleOnesAreRefused) {

@@ -6,11 +6,7 @@ namespace rqptest {
 
 class RulesTest : public EngineTest {
  protected:
-  std::vector<std::string> Names(const Status& s) {
-    std::vector<std::string> out;
-    for (auto ret : s.node.children()) out.push_back(ret.child("Name").text().get());
-    return out;
-  }
+  static std::vector<std::string> Names(const Status& s) { return RetTexts(s, "Name"); }
 };
 
 TEST_F(RulesTest, ValuesComeBackInQuickBooksForms) {

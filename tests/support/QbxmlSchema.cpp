@@ -5,6 +5,8 @@
 #include <libxml/tree.h>
 #include <libxml/xmlschemas.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -168,6 +170,116 @@ std::string SchemaProblems(const std::string& document) {
   xmlSchemaFreeValidCtxt(valid);
   xmlFreeDoc(doc);
   if (result != 0 && problems.empty()) problems = "invalid (libxml2 code " + std::to_string(result) + ")";
+  return problems;
+}
+
+namespace {
+
+// Intuit's annotated sample: every request written out once, each element followed on its line by
+// a comment naming the editions that lack it and the version that brought it.
+struct Sample {
+  xmlDocPtr doc = nullptr;
+  xmlNode* requests = nullptr;  // QBXMLMsgsRq
+  Sample() {
+    const std::string dir = SchemaDir();
+    if (dir.empty()) return;
+    doc = xmlReadFile((dir + "/qbxmlops130.xml").c_str(), nullptr, XML_PARSE_NONET);
+    if (!doc) return;
+    for (xmlNode* n = xmlDocGetRootElement(doc)->children; n; n = n->next)
+      if (n->type == XML_ELEMENT_NODE && LocalName(n) == "QBXMLMsgsRq") requests = n;
+  }
+  ~Sample() {
+    if (doc) xmlFreeDoc(doc);
+  }
+  Sample(const Sample&) = delete;
+  Sample& operator=(const Sample&) = delete;
+};
+
+Sample& TheSample() {
+  static Sample sample;
+  return sample;
+}
+
+xmlNode* ChildNamed(xmlNode* parent, const std::string& name) {
+  for (xmlNode* c = parent->children; c; c = c->next)
+    if (c->type == XML_ELEMENT_NODE && LocalName(c) == name) return c;
+  return nullptr;
+}
+
+// The comment on the element's own line: inside it for an aggregate, after it for a leaf.
+std::string Annotation(xmlNode* element) {
+  const long line = xmlGetLineNo(element);
+  bool leaf = true;
+  for (xmlNode* c = element->children; c; c = c->next)
+    if (c->type == XML_ELEMENT_NODE) leaf = false;
+  for (xmlNode* c = leaf ? element->next : element->children; c; c = c->next) {
+    if (c->type == XML_TEXT_NODE) continue;
+    if (c->type != XML_COMMENT_NODE || xmlGetLineNo(c) != line) break;
+    return reinterpret_cast<const char*>(c->content);
+  }
+  return {};
+}
+
+// "not in QBD|QBOE" holds QBD; "v12.0" above the session's version.
+std::string Refusal(const std::string& note, double version) {
+  const std::size_t notIn = note.find("not in ");
+  if (notIn != std::string::npos) {
+    std::string list = note.substr(notIn + 7);
+    list = list.substr(0, list.find_first_of(", "));
+    std::size_t at = 0;
+    while (at <= list.size()) {
+      const std::size_t bar = std::min(list.find('|', at), list.size());
+      if (list.substr(at, bar - at) == "QBD") return "not in QBD";
+      at = bar + 1;
+    }
+  }
+  for (std::size_t v = note.find(" v"); v != std::string::npos; v = note.find(" v", v + 1)) {
+    char* end = nullptr;
+    const double since = std::strtod(note.c_str() + v + 2, &end);
+    if (end != note.c_str() + v + 2 && since > version + 1e-9) return "only from qbXML " + note.substr(v + 2, end - note.c_str() - v - 2);
+  }
+  return {};
+}
+
+void CompareWithSample(xmlNode* written, xmlNode* sample, const std::string& path, double version,
+                       std::string& problems) {
+  for (xmlNode* c = written->children; c; c = c->next) {
+    if (c->type != XML_ELEMENT_NODE) continue;
+    const std::string name = LocalName(c);
+    const std::string at = path + "/" + name;
+    xmlNode* counterpart = ChildNamed(sample, name);
+    if (!counterpart) {
+      problems += at + ": not in the sample; ";
+      continue;
+    }
+    const std::string refusal = Refusal(Annotation(counterpart), version);
+    if (!refusal.empty()) problems += at + ": " + refusal + "; ";
+    CompareWithSample(c, counterpart, at, version, problems);
+  }
+}
+
+}  // namespace
+
+std::string DesktopProblems(const std::string& document, const std::string& version) {
+  std::lock_guard<std::mutex> lock(gLock);
+  Sample& sample = TheSample();
+  if (!sample.requests) return "no annotated sample of the schema";
+  std::string text = document;
+  const std::size_t doctype = text.find("<!DOCTYPE");
+  if (doctype != std::string::npos) {
+    std::size_t end = text.find('>', doctype);
+    if (end != std::string::npos) text.erase(doctype, end + 1 - doctype);
+  }
+  xmlDocPtr doc = xmlReadMemory(text.data(), static_cast<int>(text.size()), "request.xml", nullptr, XML_PARSE_NONET);
+  if (!doc) return "not well-formed XML";
+  std::string problems;
+  xmlNode* root = xmlDocGetRootElement(doc);
+  xmlNode* messages = root ? ChildNamed(root, "QBXMLMsgsRq") : nullptr;
+  if (!messages)
+    problems = "no QBXMLMsgsRq";
+  else
+    CompareWithSample(messages, sample.requests, "", std::strtod(version.c_str(), nullptr), problems);
+  xmlFreeDoc(doc);
   return problems;
 }
 

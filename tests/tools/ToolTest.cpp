@@ -419,7 +419,7 @@ TEST_F(ToolTest, EveryKindListsInEveryFormat) {
     }
     ++listed;
   }
-  EXPECT_EQ(listed, 15) << kinds.out;
+  EXPECT_EQ(listed, 20) << kinds.out;
 }
 
 TEST_F(ToolTest, RequestSendsADocumentAndReportsFailedResponses) {
@@ -501,13 +501,85 @@ TEST_F(ToolTest, KindsListsTheKindsAndTheirFields) {
   EXPECT_FALSE(fs::exists(company_));
 }
 
+// Accounts, the two kinds of terms in their one collection, and price levels: added, listed and
+// changed through the tool, with the library's rules and refusals.
+TEST_F(ToolTest, AccountsTermsAndPriceLevelsAddListAndModify) {
+  Result checking = Tool({"--format", "json", "add", "Account", "Name=Checking", "AccountType=Bank",
+                          "OpenBalance=1000", "OpenBalanceDate=2024-01-01"});
+  ASSERT_EQ(checking.status, 0) << Lines(checking);
+  const std::string checkingId = JsonText(checking.out, "ListID");
+  ASSERT_EQ(Tool({"add", "Account", "Name=Petty", "Parent=Checking", "AccountType=Bank", "OpenBalance=50"}).status, 0);
+
+  struct Case {
+    std::vector<std::string> args;
+    int status;
+    std::string expected;  // in stderr
+  };
+  const std::vector<Case> refused = {
+      {{"add", "Account", "Name=Travel", "Parent=Checking", "AccountType=Expense"}, 1,
+       "error 1303 (0x80040517) in Parent: Parent account type must be the same as childs"},
+      {{"add", "Account", "Name=Misc", "AccountType=Bogus"}, 1, "field AccountType cannot take 'Bogus'"},
+      {{"add", "Account", "Name=Misc", "AccountType=Bank", "AccountNumber=12345678"}, 1, "error 1300 (0x80040514) in Number"},
+      {{"modify", "Account", checkingId, "OpenBalance=5"}, 2,
+       "Account has no field 'OpenBalance' to set; its fields are: Name, IsActive, ParentRef, AccountType, "
+       "AccountNumber, BankNumber, Desc, SalesTaxCodeRef"},
+      {{"add", "DateDrivenTerms", "Name=Late", "DayOfMonthDue=40"}, 1, "error 1900 (0x8004076C) in DayOfMonthDue"},
+      {{"add", "Terms", "Name=Either"}, 2, "Terms holds records of several kinds; add one of them: StandardTerms, "
+                                           "DateDrivenTerms"},
+  };
+  for (const Case& c : refused) {
+    Result r = Tool(c.args);
+    EXPECT_EQ(r.status, c.status) << Lines(r);
+    EXPECT_NE(r.err.find(c.expected), std::string::npos) << Lines(r);
+  }
+
+  Result accounts = Tool({"list", "Account", "--fields", "FullName,Balance", "--name-starts", "Checking"});
+  ASSERT_EQ(accounts.status, 0) << Lines(accounts);
+  EXPECT_EQ(accounts.out, "FullName        Balance\nChecking        1000.00\nChecking:Petty  50.00\n");
+  Result described = Tool({"--format", "json", "modify", "Account", checkingId, "Desc=Main account"});
+  ASSERT_EQ(described.status, 0) << Lines(described);
+  EXPECT_EQ(JsonText(described.out, "Desc"), "Main account") << described.out;
+
+  // Terms: each kind added as itself; the collection lists both, each kind its own.
+  Result net = Tool({"--format", "json", "add", "StandardTerms", "Name=Net 45", "StdDueDays=45"});
+  ASSERT_EQ(net.status, 0) << Lines(net);
+  Result tenth = Tool({"--format", "json", "add", "DateDrivenTerms", "Name=10th", "DayOfMonthDue=10"});
+  ASSERT_EQ(tenth.status, 0) << Lines(tenth);
+  Result all = Tool({"list", "Terms", "--fields", "Name", "--name-contains", "t"});
+  EXPECT_NE(all.out.find("\n10th\n"), std::string::npos) << Lines(all);
+  EXPECT_NE(all.out.find("\nNet 45\n"), std::string::npos) << Lines(all);
+  Result standard = Tool({"list", "StandardTerms", "--fields", "Name,StdDueDays", "--name-contains", "45"});
+  EXPECT_EQ(standard.out, "Name    StdDueDays\nNet 45  45\n") << Lines(standard);
+  Result dateDriven = Tool({"list", "DateDrivenTerms", "--format", "xml"});
+  EXPECT_NE(dateDriven.out.find("<DateDrivenTermsRet>"), std::string::npos) << Lines(dateDriven);
+  EXPECT_EQ(dateDriven.out.find("<StandardTermsRet>"), std::string::npos) << Lines(dateDriven);
+  Result notModified = Tool({"modify", "StandardTerms", JsonText(net.out, "ListID"), "IsActive=false"});
+  EXPECT_EQ(notModified.status, 1) << Lines(notModified);
+  EXPECT_NE(notModified.err.find("error 1003 (0x800403EB): XMLModify not supported [Brenvale: StandardTerms]"),
+            std::string::npos)
+      << Lines(notModified);
+  Result otherKind = Tool({"modify", "StandardTerms", JsonText(tenth.out, "ListID"), "Name=Tenth"});
+  EXPECT_EQ(otherKind.status, 1) << Lines(otherKind);
+  EXPECT_NE(otherKind.err.find("is a DateDrivenTerms, not a StandardTerms"), std::string::npos) << Lines(otherKind);
+
+  // A price level of a fixed percentage, changed.
+  Result staff = Tool({"--format", "json", "add", "PriceLevel", "Name=Staff", "PriceLevelFixedPercentage=-10"});
+  ASSERT_EQ(staff.status, 0) << Lines(staff);
+  EXPECT_EQ(JsonText(staff.out, "PriceLevelType"), "FixedPercentage") << staff.out;
+  Result deeper = Tool({"--format", "json", "modify", "PriceLevel", JsonText(staff.out, "ListID"),
+                        "PriceLevelFixedPercentage=-15.5"});
+  ASSERT_EQ(deeper.status, 0) << Lines(deeper);
+  EXPECT_NE(deeper.out.find("\"PriceLevelFixedPercentage\": -15.5"), std::string::npos) << deeper.out;
+}
+
 TEST_F(ToolTest, DemoRunsOnAFreshCompanyAndAgainOnTheSameOne) {
   Result first = RunTool(dir_, {"demo"});
   ASSERT_EQ(first.status, 0) << Lines(first);
   EXPECT_TRUE(fs::exists(dir_ / "brenvale-demo.qbw"));
   for (const char* expected :
        {"Installation:Residential", "added, ListID", "qbXML version",
-        "error 1013 (0x800403F5) in Name: Name cannot exceed 31 characters", "deleted"})
+        "error 1013 (0x800403F5) in Name: Name cannot exceed 31 characters", "deleted",
+        "SumSubAccountBalances(Operating) = 8250.00"})
     EXPECT_NE(first.out.find(expected), std::string::npos) << expected << "\n" << first.out;
   EXPECT_EQ(first.err, "");
 

@@ -88,9 +88,11 @@ void CheckValueText(const FieldDef& f, const std::string& value) {
   }
 }
 
-std::vector<ListRecord*> RecordsOf(ListCollectionBase& c) {
+// The records of the collection that are of the kind.
+std::vector<ListRecord*> RecordsOf(ListCollectionBase& c, const Kind& kind) {
   std::vector<ListRecord*> out;
-  for (Long i = 1; i <= c.Count(); ++i) out.push_back(&c.Item(static_cast<std::size_t>(i)));
+  for (Long i = 1; i <= c.Count(); ++i)
+    if (ListRecord& r = c.Item(static_cast<std::size_t>(i)); kind.Holds(r)) out.push_back(&r);
   return out;
 }
 
@@ -264,7 +266,7 @@ int RunList(const GlobalOptions& g, const ListOptions& o) {
     else
       c.GetAll(o.max);
   }
-  PrintRecords(std::cout, g.OutputFormat(), schema, RecordsOf(c), columns);
+  PrintRecords(std::cout, g.OutputFormat(), schema, RecordsOf(c, kind), columns);
   return kExitOk;
 }
 
@@ -294,7 +296,7 @@ std::vector<std::pair<FieldId, std::string>> ParseAssignments(const Kind& kind, 
                                                               const std::vector<std::string>& assignments) {
   const RecordDecl& schema = kind.decl();
   std::vector<std::pair<FieldId, std::string>> values;
-  std::shared_ptr<ListRecord> scratch = kind.scratch();
+  std::shared_ptr<ListRecord> scratch = kind.scratch ? kind.scratch() : nullptr;
   for (const std::string& a : assignments) {
     const std::size_t eq = a.find('=');
     if (eq == std::string::npos || eq == 0) throw UsageError("expected Field=Value, got '" + a + "'");
@@ -309,7 +311,7 @@ std::vector<std::pair<FieldId, std::string>> ParseAssignments(const Kind& kind, 
     CheckValueText(f, value);
     // Values the library itself refuses (an unknown enumeration value) fail here, before connecting.
     try {
-      scratch->SetFromText(static_cast<FieldId>(id), value);
+      if (scratch) scratch->SetFromText(static_cast<FieldId>(id), value);
     } catch (const BrenvaleError& e) {
       PrintError(std::cerr, e);
       std::string message = "field " + std::string(f.tag) + " cannot take '" + value + "'";
@@ -343,6 +345,8 @@ bool CommitRecord(const Kind& kind, ListCollectionBase& c, ListRecord& record, c
 int RunAdd(const GlobalOptions& g, const AddOptions& o) {
   const Kind& kind = RequireKind(o.kind);
   const RecordDecl& schema = kind.decl();
+  if (!kind.addNew && !kind.members.empty())
+    throw UsageError(kind.name + " holds records of several kinds; add one of them: " + kind.members);
   if (!kind.addNew) throw UsageError(kind.name + " records cannot be added: QuickBooks only reads them");
   const std::vector<FieldId> columns = TableColumns(schema, o.fields);
   const auto values = ParseAssignments(kind, schema.add, o.assignments);
@@ -380,6 +384,9 @@ int RunModify(const GlobalOptions& g, const ModifyOptions& o) {
   }
   if (!record)
     throw ToolFailure(kExitLibrary, "there is no " + kind.name + " with ListID '" + o.listId + "'");
+  if (!kind.Holds(*record))
+    throw ToolFailure(kExitLibrary, "the record with ListID '" + o.listId + "' is a " +
+                                        std::string(record->Decl().xmlName) + ", not a " + kind.name);
   for (const auto& [id, value] : values) record->SetFromText(id, value);
   if (!CommitRecord(kind, c, *record, "changed")) return kExitLibrary;
   PrintRecords(std::cout, g.OutputFormat(), schema, {record}, columns);

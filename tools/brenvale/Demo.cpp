@@ -4,6 +4,7 @@
 #include <iostream>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -81,6 +82,34 @@ void PrintRaised(const BrenvaleError& e) {
       << "]\n";
 }
 
+// The demo's account tree: three levels of bank accounts with opening balances, added when missing.
+void ShowAccountTree(int step) {
+  Step(step, "An account tree and its sub-account sum",
+       "An account names its parent by full name; QuickBooks posts each opening balance and answers each\n"
+       "   account's Balance and TotalBalance from the postings. SumSubAccountBalances adds the balances of\n"
+       "   every sub-account beneath one, to any depth, from what the collection holds.");
+  Accounts& accounts = BrenvaleGlobals::Accounts();
+  Code("Accounts().Add(\"Operating\", true, {}, qbBank, \"1000\", {}, {}, Currency(5000), opened); ...");
+  Code("Accounts().Commit();  Accounts().Item(\"Operating\").SumSubAccountBalances();");
+  accounts.GetAll();
+  const Date opened = Date::Serial(2026, 1, 1);
+  const std::vector<std::tuple<std::string, std::string, std::string, int>> tree = {
+      {"Operating", "", "1000", 5000}, {"Payroll", "Operating", "1010", 2500}, {"Taxes", "Operating:Payroll", "1011", 750}};
+  for (const auto& [name, parent, number, balance] : tree)
+    if (!accounts.Find(parent.empty() ? name : parent + ":" + name))
+      accounts.Add(name, true, parent, qbBank, number, {}, {}, Currency(balance), opened);
+  accounts.Commit();
+  accounts.GetAll();  // balances as QuickBooks now answers them
+  std::vector<std::vector<std::string>> rows = {{"FullName", "Number", "Balance", "TotalBalance"}};
+  for (const auto& [name, parent, number, balance] : tree) {
+    Account& a = accounts.Item(parent.empty() ? name : parent + ":" + name);
+    rows.push_back({a.FullName(), a.AccountNumber(), AmountToText(a.Balance()), AmountToText(a.TotalBalance())});
+  }
+  Indented(rows);
+  out << "     SumSubAccountBalances(Operating) = " << AmountToText(accounts.Item("Operating").SumSubAccountBalances())
+      << "\n";
+}
+
 }  // namespace
 
 int RunDemo(const GlobalOptions& g) {
@@ -134,7 +163,9 @@ int RunDemo(const GlobalOptions& g) {
   for (Class& k : classes) rows.push_back({k.FullName(), std::to_string(k.Children().Count())});
   Indented(rows);
 
-  Step(4, "Change one",
+  ShowAccountTree(4);
+
+  Step(5, "Change one",
        "Setting a property on a record read from QuickBooks makes it Dirty; Commit then sends a modify\n"
        "   request with the record's EditSequence, and QuickBooks answers with a new one.");
   ToDoList& toDos = BrenvaleGlobals::ToDoList();
@@ -170,7 +201,7 @@ int RunDemo(const GlobalOptions& g) {
     jobTypes.GetAll();  // reading again leaves every record Clean
   }
 
-  Step(5, "A validation failure",
+  Step(6, "A validation failure",
        "Before anything is sent, each record checks its own rules and collects what fails in its Errors.\n"
        "   The batch leaves the record out and, after the batch, Commit raises error 1023.");
   const std::string longName = "Residential Solar Panel Installs";  // 32 characters; 31 is the limit
@@ -187,7 +218,7 @@ int RunDemo(const GlobalOptions& g) {
   PrintErrors(tooLong.Errors());
   Forget(jobTypes, tooLong);
 
-  Step(6, "Delete one",
+  Step(7, "Delete one",
        "Delete sends a list delete request by ListID and takes the record out of the collection.");
   const std::string doomed = "Maintenance:Annual Service";
   if (JobType* annual = jobTypes.Find(doomed)) {
@@ -197,7 +228,7 @@ int RunDemo(const GlobalOptions& g) {
     out << "     deleted; " << jobTypes.Count() << " job types remain (the next demo run adds it again)\n";
   }
 
-  Step(7, "Close", "");
+  Step(8, "Close", "");
   Code("QBConnection().CloseConnection();");
   CloseCompany();
 

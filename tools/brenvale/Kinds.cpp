@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -13,24 +14,52 @@ namespace brenvale::tool {
 namespace {
 
 // One kind, from the global accessor of its master collection: a blank record comes from the
-// collection's Add with its defaults.
-template <auto Accessor, class Record>
+// collection's Add with its defaults (Add<Record>() in a collection of several kinds).
+template <auto Accessor, class Record, bool Member>
 Kind Of(std::string name, std::string plural) {
   ListRecord& (*addNew)() = nullptr;
-  if constexpr (requires { Accessor().Add(); })
-    if (Record::Declaration().list->addable) addNew = []() -> ListRecord& { return Accessor().Add(); };
+  std::shared_ptr<ListRecord> (*scratch)() = nullptr;
+  if constexpr (!std::is_abstract_v<Record>) {
+    scratch = []() -> std::shared_ptr<ListRecord> { return std::make_shared<Record>(); };
+    if constexpr (Member && requires { Accessor().template Add<Record>(); }) {
+      if (Record::Declaration().list->addable)
+        addNew = []() -> ListRecord& { return Accessor().template Add<Record>(); };
+    } else if constexpr (!Member && requires { Accessor().Add(); }) {
+      if (Record::Declaration().list->addable) addNew = []() -> ListRecord& { return Accessor().Add(); };
+    }
+  }
   return Kind{std::move(name),
               std::move(plural),
               &Record::Declaration,
               []() -> ListCollectionBase& { return Accessor(); },
               addNew,
-              []() -> std::shared_ptr<ListRecord> { return std::make_shared<Record>(); }};
+              scratch,
+              {}};
+}
+
+// The kinds of one collection: its record kind; for a collection of several kinds, the list itself
+// (what they share, every record shown) and then each of them by its qbXML name.
+template <auto Accessor, class Collection, class Record>
+void Register(std::vector<Kind>& kinds, const char* name, const char* plural) {
+  using Members = typename Collection::Members;
+  if constexpr (std::is_same_v<Members, std::tuple<Record>>) {
+    kinds.push_back(Of<Accessor, Record, false>(name, plural));
+  } else {
+    Kind list = Of<Accessor, Record, false>(std::string(Record::Declaration().xmlName), plural);
+    [&]<class... K>(std::tuple<K...>*) {
+      (list.members.append(list.members.empty() ? "" : ", ").append(K::Declaration().xmlName), ...);
+      (kinds.push_back(Of<Accessor, K, true>(std::string(K::Declaration().xmlName), plural)), ...);
+    }(static_cast<Members*>(nullptr));
+    kinds.push_back(std::move(list));
+  }
 }
 
 std::vector<Kind> Registered() {
   using G = BrenvaleGlobals;
-#define BRENVALE_TOOL_KIND(Collection, Record) Of<&G::Collection, brenvale::Record>(#Record, #Collection),
-  std::vector<Kind> kinds = {BRENVALE_RECORD_KINDS(BRENVALE_TOOL_KIND)};
+  std::vector<Kind> kinds;
+#define BRENVALE_TOOL_KIND(Collection, Record) \
+  Register<&G::Collection, brenvale::Collection, brenvale::Record>(kinds, #Record, #Collection);
+  BRENVALE_RECORD_KINDS(BRENVALE_TOOL_KIND)
 #undef BRENVALE_TOOL_KIND
   std::sort(kinds.begin(), kinds.end(), [](const Kind& a, const Kind& b) { return a.name < b.name; });
   return kinds;
@@ -54,9 +83,11 @@ const std::vector<Kind>& Kinds() {
 
 const Kind* FindKind(std::string_view name) {
   const std::string wanted = Folded(name);
+  // A kind's own name first: the kinds of one collection share its plural.
   for (const Kind& k : Kinds())
-    if (Folded(k.name) == wanted || Folded(k.plural) == wanted || Folded(k.decl().xmlName) == wanted)
-      return &k;
+    if (Folded(k.name) == wanted) return &k;
+  for (const Kind& k : Kinds())
+    if (Folded(k.plural) == wanted || Folded(k.decl().xmlName) == wanted) return &k;
   return nullptr;
 }
 

@@ -21,13 +21,20 @@ struct Kind {
   // A new blank record, filed in the master collection for the next commit; null for a kind
   // QuickBooks does not let a host add.
   ListRecord& (*addNew)();
-  // A record of the kind that belongs to no collection: for checking values before connecting.
+  // A record of the kind that belongs to no collection: for checking values before connecting;
+  // null for the list of a collection of several kinds.
   std::shared_ptr<ListRecord> (*scratch)();
+  // For the list of a collection of several kinds (its records are of each): their names.
+  std::string members;
+
+  // Whether a record the kind's collection holds is one of this kind.
+  bool Holds(const ListRecord& record) const { return &record.Decl() == &decl() || !members.empty(); }
 };
 
 // Every registered kind, in the order they are listed to the user.
 const std::vector<Kind>& Kinds();
-// The kind with that name or plural (case and "-"/"_" ignored), or null.
+// The kind with that name, else the first with that plural or qbXML name (case and "-"/"_"
+// ignored), or null.
 const Kind* FindKind(std::string_view name);
 // A kind by name, or a usage error that lists the known kinds.
 const Kind& RequireKind(std::string_view name);

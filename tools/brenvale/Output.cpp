@@ -60,13 +60,15 @@ void PrintJson(std::ostream& out, const RecordDecl& decl, const std::vector<List
 
 void PrintXml(std::ostream& out, const RecordDecl& decl, const std::vector<ListRecord*>& records) {
   const std::string name(decl.xmlName);
-  const std::string ret = name + "Ret";
   xmlBldr b;
   b.Clear();
   b.InsertRawXML(
       "<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs><" + name +
       "QueryRs requestID=\"1\" statusCode=\"0\" statusSeverity=\"Info\" statusMessage=\"Status OK\">");
   for (ListRecord* record : records) {
+    // Each record in its own kind's element: a query of the terms answers StandardTermsRet and
+    // DateDrivenTermsRet.
+    const std::string ret = std::string(record->Decl().xmlName) + "Ret";
     b.OpenAggregateOnly(ret);
     record->XMLQueryRs(b);
     b.EndAggregate(ret);

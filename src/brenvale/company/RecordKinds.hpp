@@ -3,6 +3,7 @@
 // the umbrella header and the tool read this list: adding a kind is its include below and one line
 // in the list.
 #include "brenvale/dataext/DataExtensionDefinitions.hpp"
+#include "brenvale/lists/Accounts.hpp"
 #include "brenvale/lists/Classes.hpp"
 #include "brenvale/lists/CustomerMessages.hpp"
 #include "brenvale/lists/CustomerTypes.hpp"
@@ -14,16 +15,20 @@
 #include "brenvale/lists/SalesTaxCodes.hpp"
 #include "brenvale/lists/ShipMethods.hpp"
 #include "brenvale/lists/TaxCodes.hpp"
+#include "brenvale/lists/Terms.hpp"
 #include "brenvale/lists/Templates.hpp"
 #include "brenvale/lists/ToDoList.hpp"
 #include "brenvale/lists/VendorTypes.hpp"
+#include "brenvale/pricing/PriceLevels.hpp"
 
 // X(collection class, record class), in the order the library globals offer them.
 #define BRENVALE_RECORD_KINDS(X)         \
+  X(Accounts, Account)                   \
   X(SalesTaxCodes, SalesTaxCode)         \
   X(PaymentMethods, PaymentMethod)       \
   X(Classes, Class)                      \
   X(CustomerTypes, CustomerType)         \
+  X(Terms, zkTerm)                       \
   X(SalesReps, SalesRep)                 \
   X(CustomerMessages, CustomerMessage)   \
   X(ToDoList, ToDo)                      \
@@ -34,4 +39,5 @@
   X(Templates, Template)                 \
   X(PayrollItemNonWages, PayrollItemNonWage) \
   X(TaxCodes, TaxCode)                   \
+  X(PriceLevels, PriceLevel)             \
   X(DataExtensionDefinitions, DataExtensionDefinition)

@@ -4,14 +4,26 @@
 
 namespace brenvale {
 namespace {
+
+// The state is "Province" in the versions of Canadian editions ("CA3.0") and "County" in those of
+// British ones ("UK2.0"); the versions every edition shares (13.0) call it "State" everywhere.
+std::string_view StateTag(const WriteContext& c) {
+  const std::string_view version = c.versionText;
+  if (c.In("CA") && version.starts_with("CA")) return "Province";
+  if (c.In("UK") && version.starts_with("UK")) return "County";
+  return "State";
+}
+constexpr std::string_view kOtherStateTags[] = {"Province", "County"};
+constexpr FieldTags kStateTags{.pick = &StateTag, .also = kOtherStateTags};
+
 struct F {
   static constexpr FieldDef Addr1 = field::Text("Addr1");
   static constexpr FieldDef Addr2 = field::Text("Addr2");
   static constexpr FieldDef Addr3 = field::Text("Addr3");
-  static constexpr FieldDef Addr4 = field::Text("Addr4");
-  static constexpr FieldDef Addr5 = field::Text("Addr5");
+  static constexpr FieldDef Addr4 = field::Text("Addr4").Since(2, 0);
+  static constexpr FieldDef Addr5 = field::Text("Addr5").Since(6, 0);
   static constexpr FieldDef City = field::Text("City");
-  static constexpr FieldDef State = field::Text("State");
+  static constexpr FieldDef State = field::Text("State").TagBy(kStateTags);
   static constexpr FieldDef PostalCode = field::Text("PostalCode");
   static constexpr FieldDef Country = field::Text("Country");
   static constexpr FieldDef Note = field::Text("Note");
@@ -23,6 +35,10 @@ constexpr auto kBody = kFields.Order(F::Addr1, F::Addr2, F::Addr3, F::Addr4, F::
                                      F::PostalCode, F::Country);
 constexpr auto kRead = kFields.Order(F::Addr1, F::Addr2, F::Addr3, F::Addr4, F::Addr5, F::City, F::State,
                                      F::PostalCode, F::Country, F::Note);
+// An employee's address on a desktop has two lines, the city, the state and the postal code.
+constexpr auto kEmployeeBody = kFields.Order(F::Addr1, F::Addr2, F::City, F::State, F::PostalCode);
+constexpr auto kBlockRead = kFields.Order(F::Addr1, F::Addr2, F::Addr3, F::Addr4, F::Addr5);
+
 constexpr std::string_view kLines = "Address lines cannot exceed 41 characters.";
 constexpr Rule kRules[] = {
     kFields.MaxLength(F::Addr1, 41, 1202, "Line1").Message(kLines),
@@ -35,16 +51,27 @@ constexpr Rule kRules[] = {
     kFields.MaxLength(F::PostalCode, 13, 1202, "Postal Code").Message("Address postal code cannot exceed 13 characters."),
     kFields.MaxLength(F::Country, 31, 1202, "Country").Message("Address country cannot exceed 31 characters."),
 };
-constexpr RecordDecl kDecl{.label = "Address",
-                           .fields = kFields.fields,
-                           .add = kBody,
-                           .mod = kBody,
-                           .read = kRead,
-                           .rules = kRules,
-                           .make = [](const RecordDecl&) -> RecordCore* { return new Address(); }};
+
+RecordCore* MakeAddress(const RecordDecl& form) { return new Address(form); }
+
+constexpr RecordDecl Form(std::span<const FieldId> body, std::span<const FieldId> read) {
+  return RecordDecl{.label = "Address",
+                    .fields = kFields.fields,
+                    .add = body,
+                    .mod = body,
+                    .read = read,
+                    .rules = kRules,
+                    .make = &MakeAddress};
+}
+constexpr RecordDecl kDecl = Form(kBody, kRead);
+constexpr RecordDecl kEmployeeDecl = Form(kEmployeeBody, kRead);
+constexpr RecordDecl kBlockDecl = Form({}, kBlockRead);
+
 }  // namespace
 
 const RecordDecl& Address::Declaration() { return kDecl; }
+const RecordDecl& Address::EmployeeForm() { return kEmployeeDecl; }
+const RecordDecl& Address::BlockForm() { return kBlockDecl; }
 
 void Address::SetPart(FieldId id, std::string_view value) {
   for (const Rule& r : kRules)

@@ -2,6 +2,10 @@
 // A postal address, as bill-to and ship-to addresses of transactions and list records hold it: a
 // nested record declared by its own field table, written inside its owner's aggregate
 // ("BillAddress", "ShipAddress"). Its limits are checked by Validate and by the setters.
+//
+// An address comes in three forms: the full one; an employee's, which QuickBooks on a desktop takes
+// without the third and fourth lines and the country; and the address block QuickBooks reports
+// beside an address (the lines as it prints them), which is only read.
 #include <string>
 #include <string_view>
 
@@ -11,8 +15,10 @@ namespace brenvale {
 
 class Address : public RecordCore {
  public:
-  Address() : RecordCore(Declaration()) {}
+  explicit Address(const RecordDecl& form = Declaration()) : RecordCore(form) {}
   static const RecordDecl& Declaration();
+  static const RecordDecl& EmployeeForm();
+  static const RecordDecl& BlockForm();
 
   // True when no part of the address is set.
   bool IsEmpty() const { return !HoldsAnyValue(); }
@@ -28,6 +34,8 @@ class Address : public RecordCore {
   void Line5(std::string_view value);
   std::string City() const;
   void City(std::string_view value);
+  // The state, the province of a Canadian address or the county of a British one: one field,
+  // written under the name the session's version gives it.
   std::string State() const;
   void State(std::string_view value);
   std::string PostalCode() const;

@@ -259,7 +259,9 @@ bool CollectionCore::ValidateAll() {
   RefCache::Batch batch;
   for (const Entry& e : entries_)
     if (e.record->ObjectState() != zqObjectStateClean)
-      e.record->ForEachReference([&](zqEnumListType list, std::string_view name) { batch.Add(list, name); });
+      e.record->ForEachReference([&](zqEnumListType list, std::string_view name, std::string_view sortTag) {
+        batch.Add(list, name, sortTag);
+      });
   refs.Fetch(batch);
   ValidateContext context = ValidateContext::OfSession();
   for (std::size_t i = 0; i < entries_.size(); ++i)
@@ -278,7 +280,9 @@ Long CollectionCore::CommitBatch(RecordCore* member, bool raise, Long* failures)
     RefCache::Batch names;
     auto gather = [&](const RecordCore& r) {
       if (r.ObjectState() != zqObjectStateClean)
-        r.ForEachReference([&](zqEnumListType list, std::string_view name) { names.Add(list, name); });
+        r.ForEachReference([&](zqEnumListType list, std::string_view name, std::string_view sortTag) {
+          names.Add(list, name, sortTag);
+        });
     };
     if (member)
       gather(*member);

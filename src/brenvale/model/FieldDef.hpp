@@ -5,6 +5,7 @@
 // the declaration of what they hold. A kind's field table, its Add, Mod and Read orders and its rules
 // refer to these objects, never to tag texts: a misspelt field is a build error.
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 #include "brenvale/core/Currency.hpp"
@@ -54,6 +55,14 @@ struct QbxmlVersion {
 // codes, or only on a line whose item is not a subtotal.
 using WriteGate = bool (*)(const WriteContext&, const RecordCore&);
 
+// A field whose element is named by the context (an address's state is "Province" in Canadian
+// versions, "County" in British ones): the tag written in a context, and the other tags it is read
+// from. Its declared tag is the one the schema of this library's version gives.
+struct FieldTags {
+  std::string_view (*pick)(const WriteContext&) = nullptr;
+  std::span<const std::string_view> also{};
+};
+
 struct FieldDef {
   std::string_view tag;
   ValueKind kind = ValueKind::Text;
@@ -66,6 +75,11 @@ struct FieldDef {
   std::uint8_t choice = 0;                    // fields of one non-zero choice: one of them holds a value
   WriteGate gate = nullptr;                   // when set, the field is written only where it says so
   std::int8_t boolDefault = -1;               // Bool: the value while unset (0, 1), also written in an add
+  const FieldTags* tags = nullptr;            // when set, the context names the element
+  std::string_view clearTag{};                // Children: the flag a modify request sends for an emptied list
+
+  // The tag written in a context.
+  std::string_view TagIn(const WriteContext& context) const { return tags ? tags->pick(context) : tag; }
 
   // --- modifiers, so that a declaration reads as a sentence --------------------------------------
   constexpr FieldDef Since(int major, int minor) const {
@@ -85,6 +99,8 @@ struct FieldDef {
     f.modTag = modifyTag;
     return f;
   }
+  // Fields of one choice: one of them holds a value. Setting one clears the others; an aggregate of a
+  // choice is made only while no other field of its choice holds a value (1003 otherwise).
   constexpr FieldDef Choice(int group) const {
     if (group <= 0 || group > 255) throw "a choice is numbered from 1 to 255";
     FieldDef f = *this;
@@ -94,6 +110,20 @@ struct FieldDef {
   constexpr FieldDef When(WriteGate condition) const {
     FieldDef f = *this;
     f.gate = condition;
+    return f;
+  }
+  constexpr FieldDef TagBy(const FieldTags& byContext) const {
+    if (kind == ValueKind::Aggregate || kind == ValueKind::Children) throw "a nested record keeps its tag";
+    FieldDef f = *this;
+    f.tags = &byContext;
+    return f;
+  }
+  // The flag ("ClearItemsInGroup") a modify request sends, true, when the record holds the list and it
+  // is empty: QuickBooks keeps a list that a modify does not mention, and replaces one it does.
+  constexpr FieldDef ClearedBy(std::string_view flag) const {
+    if (kind != ValueKind::Children) throw "only a list of child records is cleared by a flag";
+    FieldDef f = *this;
+    f.clearTag = flag;
     return f;
   }
   // A flag's value while it is unset, written in an add request all the same (QuickBooks needs some

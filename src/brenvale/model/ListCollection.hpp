@@ -6,6 +6,7 @@
 // label and facts), one query answers records of every kind, and each is read into a record of its
 // own kind (ListCollection<zkItemBase, ItemService, ItemInventory, ...>).
 #include <memory>
+#include <tuple>
 #include <type_traits>
 
 #include "brenvale/model/ListCollectionBase.hpp"
@@ -17,6 +18,9 @@ class ListCollection : public ListCollectionBase {
   static_assert((std::is_base_of_v<T, Kinds> && ...), "the kinds of a collection derive from its record type");
 
  public:
+  // The record kinds the collection holds: T alone, or each of its several kinds.
+  using Members = std::conditional_t<sizeof...(Kinds) == 0, std::tuple<T>, std::tuple<Kinds...>>;
+
   explicit ListCollection(bool master = false) : ListCollectionBase(T::Declaration(), master) {}
 
   T& Item(std::string_view key) override { return static_cast<T&>(ListCollectionBase::Item(key)); }

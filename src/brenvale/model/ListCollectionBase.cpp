@@ -57,12 +57,13 @@ void ListCollectionBase::RequireQuery(std::uint8_t needs) const {
   if ((Facts().queries & needs) != needs) Raise(1026, CollectionLabel());
 }
 
-Long ListCollectionBase::Query(Long maxReturned, std::uint8_t needs, const QueryFilters& filters, bool clearFirst) {
+Long ListCollectionBase::Query(Long maxReturned, std::uint8_t needs, const QueryFilters& filters, bool clearFirst,
+                               std::string_view kind) {
   // A kind whose query takes no filters takes no MaxReturned either: the count is kept here.
   const bool limitHere = maxReturned > 0 && !(Facts().queries & kQueryFilters);
   if (maxReturned > 0 && !limitHere) needs |= kQueryFilters;
   RequireQuery(needs);
-  const std::string rq = std::string(Decl().xmlName) + "QueryRq";
+  const std::string rq = std::string(kind.empty() ? Decl().xmlName : kind) + "QueryRq";
   const Long page = IteratorPageSize;
   const bool filtered = (needs & kQueryFilters) || !filters;
   // Only a query of the filtered form pages (one by ListID or FullName takes no MaxReturned).

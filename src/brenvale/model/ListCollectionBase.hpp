@@ -70,8 +70,11 @@ class ListCollectionBase : public CollectionCore, public zkList {
   virtual bool SeveralKinds() const { return false; }
 
   // One query: `filters` writes the children after "MaxReturned" (none: every record); `needs`
-  // names the query features it uses, which the kind must take. Returns how many records it read.
-  Long Query(Long maxReturned, std::uint8_t needs, const QueryFilters& filters, bool clearFirst);
+  // names the query features it uses, which the kind must take. `kind` names the query request of
+  // one kind of a collection of several ("StandardTerms"; empty: the collection's own). Returns how
+  // many records it read.
+  Long Query(Long maxReturned, std::uint8_t needs, const QueryFilters& filters, bool clearFirst,
+             std::string_view kind = {});
 
  private:
   // Raises when QuickBooks has no such request for the kind (1026), or none in this edition (1005).

@@ -1,7 +1,11 @@
 #include "brenvale/model/ListRecord.hpp"
 
-
 namespace brenvale {
+
+bool ListNameWritten(const WriteContext& context, const RecordCore& record) {
+  const ListFacts* facts = record.Decl().list;
+  return !facts || !facts->nameGate || facts->nameGate(context, record);
+}
 
 ListRecord::ListRecord(const RecordDecl& decl) : BaseRecord(decl, kListID, kEditSequence) {}
 

@@ -13,13 +13,17 @@
 
 namespace brenvale {
 
+// Whether a record's name is written: as its kind's facts say (an employee's goes to the online
+// edition only), else always.
+bool ListNameWritten(const WriteContext& context, const RecordCore& record);
+
 // The fields of every list record, at the same ids in every list kind's table.
 struct ListBase {
   static constexpr FieldDef ListID = field::Text("ListID");
   static constexpr FieldDef TimeCreated = field::DateTime("TimeCreated");
   static constexpr FieldDef TimeModified = field::DateTime("TimeModified");
   static constexpr FieldDef EditSequence = field::Text("EditSequence");
-  static constexpr FieldDef Name = field::Text("Name");
+  static constexpr FieldDef Name = field::Text("Name").When(&ListNameWritten);
   static constexpr FieldDef FullName = field::Text("FullName");
   static constexpr FieldDef IsActive = field::Bool("IsActive").Default(true);
   static constexpr FieldDef ParentRef = field::OwnRef("ParentRef");
@@ -71,6 +75,7 @@ struct ListFacts {
   bool deletable = true;     // "ListDelType" takes the kind
   bool outsideUS = false;    // the requests exist only in editions outside the US
   bool modifiedByName = false;  // a Mod names the record by its own elements, not ListID and EditSequence
+  WriteGate nameGate = nullptr;  // when set, the name is written only where it says so
 };
 
 class ListRecord : public BaseRecord, public zkListObject {

@@ -3,6 +3,8 @@
 // owns. Parent checks and references look records up through it.
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "brenvale/core/EnumTypes.hpp"
 #include "brenvale/core/KeyedList.hpp"
@@ -22,11 +24,14 @@ class Lists {
 
   // The master collection of a list kind, or null when none is registered.
   zkList* Master(zqEnumListType type) const;
+  // A master registered while another is stands in for it until it goes; then the other is the
+  // master again.
   void RegisterMaster(zqEnumListType type, zkList* collection);
   void UnregisterMaster(zkList* collection);
 
  private:
   KeyedList<zkList*> list_;
+  std::vector<std::pair<zqEnumListType, zkList*>> hidden_;  // masters stood in for, oldest first
 };
 
 // This thread's holder.

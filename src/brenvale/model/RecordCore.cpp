@@ -1,8 +1,11 @@
 #include "brenvale/model/RecordCore.hpp"
 
+#include <algorithm>
 #include <bit>
 #include <bitset>
 #include <cstring>
+
+#include <utility>
 
 #include "brenvale/core/BrenvaleError.hpp"
 #include "brenvale/core/Enumerations.hpp"
@@ -162,7 +165,41 @@ void RecordCore::AfterSet(FieldId id) {
   const std::uint8_t choice = decl_->Field(id).choice;
   if (choice == 0) return;
   for (std::size_t other = 0; other < decl_->fields.size(); ++other)
-    if (other != id && decl_->fields[other]->choice == choice) values_.Erase(static_cast<FieldId>(other));
+    if (other != id && decl_->fields[other]->choice == choice) EraseValue(static_cast<FieldId>(other));
+}
+
+void RecordCore::EraseValue(FieldId id) {
+  const Slot* s = values_.Find(id);
+  if (!s) return;
+  if (s->flags & ValueStore::kOwned) {
+    const auto address = static_cast<std::uintptr_t>(s->bits);
+    const bool list = decl_->Field(id).kind == ValueKind::Children;
+    values_.Erase(id);
+    if (list)
+      delete reinterpret_cast<ChildListBase*>(address);
+    else
+      delete reinterpret_cast<RecordCore*>(address);
+    return;
+  }
+  values_.Erase(id);
+}
+
+bool RecordCore::ChoiceTaken(FieldId id, FieldId& other) const {
+  const std::uint8_t choice = decl_->Field(id).choice;
+  if (choice == 0) return false;
+  for (std::size_t i = 0; i < decl_->fields.size(); ++i) {
+    const auto f = static_cast<FieldId>(i);
+    if (f == id || decl_->fields[i]->choice != choice || !values_.Has(f)) continue;
+    const FieldDef& def = *decl_->fields[i];
+    const bool holds = def.kind == ValueKind::Aggregate   ? FindNested(f)->HoldsAnyValue()
+                       : def.kind == ValueKind::Children ? FindChildren(f)->Count() > 0
+                                                         : true;
+    if (holds) {
+      other = f;
+      return true;
+    }
+  }
+  return false;
 }
 
 void RecordCore::SetText(FieldId id, std::string_view value) {
@@ -216,7 +253,7 @@ void RecordCore::SetRef(FieldId id, const zkListObjectRef& ref) {
 
 void RecordCore::Unset(FieldId id) {
   BeforeSet(id);
-  values_.Erase(id);
+  EraseValue(id);
 }
 
 // --- nested records -------------------------------------------------------------------------------
@@ -224,6 +261,14 @@ void RecordCore::Unset(FieldId id) {
 RecordCore& RecordCore::Nested(FieldId id) {
   if (const RecordCore* held = FindNested(id)) return const_cast<RecordCore&>(*held);
   const FieldDef& f = decl_->Field(id);
+  if (f.choice != 0) {
+    // One aggregate of a choice is written: another that holds values is not given up unasked.
+    FieldId other = kNoField;
+    if (ChoiceTaken(id, other))
+      Raise(1003, "Brenvale: " + std::string(Label()),
+            std::string(f.tag) + " cannot be used while the record holds " + std::string(decl_->Field(other).tag));
+    AfterSet(id);  // the empty others go
+  }
   const RecordDecl& body = f.body();
   std::unique_ptr<RecordCore> nested(body.make(body));
   nested->owner_ = this;
@@ -251,6 +296,30 @@ const ChildListBase* RecordCore::FindChildren(FieldId id) const {
   return s && (s->flags & ValueStore::kOwned)
              ? reinterpret_cast<const ChildListBase*>(static_cast<std::uintptr_t>(s->bits))
              : nullptr;
+}
+
+void RecordCore::ForEachNested(const std::function<void(const RecordCore&)>& visit) const {
+  for (const Slot& s : values_.Slots()) {
+    // The data extensions' slot holds values, not a nested record.
+    if (!(s.flags & ValueStore::kOwned) || s.id == kDataExtSlot) continue;
+    if (decl_->Field(s.id).kind == ValueKind::Children) {
+      for (const auto& child : *reinterpret_cast<const ChildListBase*>(static_cast<std::uintptr_t>(s.bits)))
+        visit(*child);
+    } else {
+      visit(*reinterpret_cast<const RecordCore*>(static_cast<std::uintptr_t>(s.bits)));
+    }
+  }
+}
+
+void RecordCore::ForEachNestedMutable(const std::function<void(RecordCore&)>& visit) {
+  // The nested records are this record's own: one that may change it may change them.
+  std::as_const(*this).ForEachNested([&](const RecordCore& nested) { visit(const_cast<RecordCore&>(nested)); });
+}
+
+const RecordCore* RecordCore::NestedAt(FieldId id, std::size_t i) const {
+  if (decl_->Field(id).kind == ValueKind::Aggregate) return i == 0 ? FindNested(id) : nullptr;
+  const ChildListBase* list = FindChildren(id);
+  return list && i < list->Count() ? &list->At(i + 1) : nullptr;
 }
 
 // --- reading ------------------------------------------------------------------------------------
@@ -332,7 +401,11 @@ bool RecordCore::ReadField(FieldId id, const DomNode& node) {
       values_.ReadPair(id, ChildValue(raw, "ListID"), ChildValue(raw, "FullName"), ValueStore::kPair);
       values_.FixC1(id);
       return true;
-    case ValueKind::Aggregate: Nested(id).ReadFrom(node); return true;
+    case ValueKind::Aggregate:
+      // What QuickBooks answers replaces the other aggregates of a choice.
+      if (f.choice != 0 && !FindNested(id)) AfterSet(id);
+      Nested(id).ReadFrom(node);
+      return true;
     case ValueKind::Children: {
       RecordCore& child = ChildrenOf(id).AddNew();
       child.ReadFrom(node);
@@ -377,52 +450,57 @@ void RecordCore::WriteField(xmlBldr& b, FieldId id, const WriteContext& context)
   // A modify request clears a field the caller emptied by writing it empty.
   const bool empty = IsEmptyValue(id);
   const bool clear = empty && context.form == Form::Mod && (s->flags & kChanged);
+  const std::string_view tag = f.TagIn(context);
   switch (f.kind) {
-    case ValueKind::Text: b.CreateElement2(f.tag, values_.Text(*s), clear, Currency()); return;
+    case ValueKind::Text: b.CreateElement2(tag, values_.Text(*s), clear, Currency()); return;
     case ValueKind::Date:
     case ValueKind::DateTime:
       if (empty) {
-        if (clear) b.CreateElement(f.tag, "");
+        if (clear) b.CreateElement(tag, "");
         return;
       }
-      b.CreateElement(f.tag, f.kind == ValueKind::Date ? DateToText(DateValue(id))
+      b.CreateElement(tag, f.kind == ValueKind::Date ? DateToText(DateValue(id))
                                                       : DateTimeToText(DateValue(id), context.versionNumber));
       return;
     case ValueKind::Ref: {
       if (empty && !clear) return;
-      b.OpenAggregateOnly(f.tag);
+      b.OpenAggregateOnly(tag);
       const std::string_view fullName = values_.Second(*s);
       if (!fullName.empty() || empty)
         b.CreateElement("FullName", fullName);
       else
         b.CreateElement("ListID", values_.First(*s));
-      b.EndAggregate(f.tag);
+      b.EndAggregate(tag);
       return;
     }
     case ValueKind::Aggregate: {
       const RecordCore* nested = FindNested(id);
       if (!nested || !nested->HoldsAnyValue()) return;
-      const std::string_view tag = context.form == Form::Mod && !f.modTag.empty() ? f.modTag : f.tag;
-      b.OpenAggregateOnly(tag);
+      const std::string_view aggregate = context.form == Form::Mod && !f.modTag.empty() ? f.modTag : f.tag;
+      b.OpenAggregateOnly(aggregate);
       nested->WriteBody(b, context);
-      b.EndAggregate(tag);
+      b.EndAggregate(aggregate);
       return;
     }
     case ValueKind::Children: {
       const ChildListBase* list = FindChildren(id);
       if (!list) return;
       const RecordDecl& form = list->Form();
-      const std::string_view tag = context.form == Form::Add ? form.addTag : context.form == Form::Mod ? form.modTag : f.tag;
-      if (tag.empty()) return;  // a list QuickBooks only reports
+      const std::string_view each = context.form == Form::Add ? form.addTag : context.form == Form::Mod ? form.modTag : f.tag;
+      if (each.empty()) return;  // a list QuickBooks only reports
+      if (list->Count() == 0 && context.form == Form::Mod && !f.clearTag.empty()) {
+        b.CreateElement(f.clearTag, BoolToText(true));
+        return;
+      }
       for (const auto& child : *list) {
-        b.OpenAggregateOnly(tag);
+        b.OpenAggregateOnly(each);
         child->WriteLead(b, context);
         child->WriteBody(b, context);
-        b.EndAggregate(tag);
+        b.EndAggregate(each);
       }
       return;
     }
-    default: b.CreateElement(f.tag, ValueText(id)); return;
+    default: b.CreateElement(tag, ValueText(id)); return;
   }
 }
 
@@ -448,12 +526,32 @@ bool RecordCore::ValidateValues(ValidateContext& context) {
       r.check(*this, errors, context);
       continue;
     }
+    if (r.kind == RuleKind::Nested) {
+      ValidateNested(r, errors, context);
+      continue;
+    }
     int code = r.code;
     if (!RuleFails(r, context, code)) continue;
-    errors.AddCode(code, std::string(r.label), r.message);
+    if (code == 0)
+      errors.Add(0, std::string(r.label), std::string(r.message));
+    else
+      errors.AddCode(code, std::string(r.label), r.message);
     if (r.field != kNoField) failed.set(r.field);
   }
   return errors.Count() == 0;
+}
+
+void RecordCore::ValidateNested(const Rule& r, zkErrors& errors, ValidateContext& context) {
+  for (std::size_t i = 0; const RecordCore* held = NestedAt(r.field, i); ++i) {
+    auto& nested = const_cast<RecordCore&>(*held);
+    if (nested.ValidateValues(context)) continue;
+    if (r.code != 0) {  // one entry of the rule's code stands for all of them
+      errors.AddCode(r.code, std::string(r.label), r.message);
+      return;
+    }
+    for (const zkError& e : nested.Errors())
+      errors.Add(e.Number(), r.label.empty() ? e.Field() : std::string(r.label), e.Description());
+  }
 }
 
 bool RecordCore::RuleFails(const Rule& r, ValidateContext& context, int& code) {
@@ -472,20 +570,28 @@ bool RecordCore::RuleFails(const Rule& r, ValidateContext& context, int& code) {
       const std::string_view name = RefFullName(r.field);
       if (name.empty()) return r.emptyFails;
       const zqEnumListType list = r.list != zqListTypeNone ? r.list : OwnList();
+      const std::string_view sortTag = r.alike != kNoField ? decl_->Field(r.alike).tag : std::string_view();
       RefEntry found;
-      RefAnswer answer = context.refs ? context.refs->Find(list, name, &found) : RefAnswer::Unknown;
+      RefAnswer answer = context.refs ? context.refs->Find(list, name, &found, sortTag) : RefAnswer::Unknown;
       if (answer == RefAnswer::Unknown && context.refs && context.mayFetch) {
-        context.refs->Fetch(list, {std::string(name)});
-        answer = context.refs->Find(list, name, &found);
+        context.refs->Fetch(list, {std::string(name)}, sortTag);
+        answer = context.refs->Find(list, name, &found, sortTag);
       }
       if (answer == RefAnswer::Unknown) return r.uncheckedFails;
       if (answer == RefAnswer::Missing) return true;
-      if (r.accepted.empty()) return false;
-      for (std::string_view accepted : r.accepted)
-        if (accepted == found.retName) return false;
-      code = r.otherKindCode;
-      return true;
+      if (!r.accepted.empty() &&
+          std::find(r.accepted.begin(), r.accepted.end(), std::string_view(found.retName)) == r.accepted.end()) {
+        code = r.otherKindCode;
+        return true;
+      }
+      // Of another sort than this record: only when both sorts are known.
+      if (r.alike != kNoField && Has(r.alike) && !found.sort.empty() && found.sort != ValueText(r.alike)) {
+        code = r.alikeCode;
+        return true;
+      }
+      return false;
     }
+    case RuleKind::Nested:
     case RuleKind::Own: break;
   }
   return false;
@@ -607,21 +713,12 @@ const DataExtensions* RecordCore::FindApplicationFields() const {
   return held && held->application.Count() > 0 ? &held->application : nullptr;
 }
 
-template <class F>
-void RecordCore::ForEachChild(F&& visit) {
-  for (std::size_t id = 0; id < decl_->fields.size(); ++id) {
-    if (decl_->fields[id]->kind != ValueKind::Children) continue;
-    if (const ChildListBase* list = FindChildren(static_cast<FieldId>(id)))
-      for (const auto& child : *list) visit(*child);
-  }
-}
-
 void RecordCore::AddDataExtChanges(detail::DataExtBatch& batch) {
   if (detail::RecordDataExt* held = DataExtHeld()) {
     batch.Add(held->custom);
     batch.Add(held->application);
   }
-  ForEachChild([&](RecordCore& child) { child.AddDataExtChanges(batch); });
+  ForEachNestedMutable([&](RecordCore& child) { child.AddDataExtChanges(batch); });
 }
 
 Long RecordCore::ReportDataExtFailures() {
@@ -635,7 +732,7 @@ Long RecordCore::ReportDataExtFailures() {
           ++failed;
         }
       }
-  ForEachChild([&](RecordCore& child) { failed += child.ReportDataExtFailures(); });
+  ForEachNestedMutable([&](RecordCore& child) { failed += child.ReportDataExtFailures(); });
   return failed;
 }
 

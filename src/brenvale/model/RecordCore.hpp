@@ -5,10 +5,12 @@
 // lists it owns. The identities (ListRecord, TxnRecord, LineRecord) and the record classes build on
 // it; none of them reads, writes or validates a field by hand.
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <variant>
 
 #include "brenvale/core/Currency.hpp"
@@ -94,6 +96,12 @@ class RecordCore {
   const RecordCore* FindNested(FieldId id) const;
   ChildListBase& ChildrenOf(FieldId id);
   const ChildListBase* FindChildren(FieldId id) const;
+  // Every nested aggregate and child record the record holds.
+  void ForEachNested(const std::function<void(const RecordCore&)>& visit) const;
+  // The same, for a visit that may change them.
+  void ForEachNestedMutable(const std::function<void(RecordCore&)>& visit);
+  // The i-th (from 0) record an aggregate or a list of child records holds, or null past the last.
+  const RecordCore* NestedAt(FieldId id, std::size_t i) const;
 
   // --- data extensions (custom fields), on the kinds whose declaration carries them ---------------
   // QuickBooks' own custom fields (owner "0") on this record; 1030 on a kind that has none. The
@@ -156,7 +164,7 @@ class RecordCore {
   // A reference set by full name (its ListID is dropped), or whole.
   void SetRefName(FieldId id, std::string_view fullName);
   void SetRef(FieldId id, const zkListObjectRef& ref);
-  // Takes a field out of the record, through the setter rules.
+  // Takes a field out of the record, through the setter rules (a nested record or list goes with it).
   void Unset(FieldId id);
 
   // The hook run before every set; the default is the state rule.
@@ -184,14 +192,16 @@ class RecordCore {
   bool ReadField(FieldId id, const DomNode& node);
   void WriteField(xmlBldr& b, FieldId id, const WriteContext& context) const;
   bool RuleFails(const Rule& rule, ValidateContext& context, int& code);
+  void ValidateNested(const Rule& rule, zkErrors& errors, ValidateContext& context);
   void AfterSet(FieldId id);
+  // Takes a value out, freeing a nested record or list the field owns.
+  void EraseValue(FieldId id);
+  // Whether a field other than `id` of its choice holds a value; its id in `other`.
+  bool ChoiceTaken(FieldId id, FieldId& other) const;
   bool IsEmptyValue(FieldId id) const;
   // The record's data extensions, kept in a slot of their own once there are any.
   detail::RecordDataExt* DataExtHeld() const;
   detail::RecordDataExt& DataExtHolder();
-  // Runs `visit` on every record of the record's child lists.
-  template <class F>
-  void ForEachChild(F&& visit);
 
   friend class ChildListBase;
 
@@ -209,8 +219,14 @@ void RecordCore::ForEachReference(F&& visit) const {
     if (r.kind != RuleKind::Exists) continue;
     const std::string_view name = RefFullName(r.field);
     if (name.empty()) continue;
-    visit(r.list != zqListTypeNone ? r.list : OwnList(), name);
+    const zqEnumListType list = r.list != zqListTypeNone ? r.list : OwnList();
+    // A visitor that takes a third argument is told the element a lookup must also bring.
+    if constexpr (std::is_invocable_v<F&, zqEnumListType, std::string_view, std::string_view>)
+      visit(list, name, r.alike != kNoField ? decl_->Field(r.alike).tag : std::string_view());
+    else
+      visit(list, name);
   }
+  ForEachNested([&](const RecordCore& nested) { nested.ForEachReference(visit); });
 }
 
 // Length in characters of UTF-8 text.

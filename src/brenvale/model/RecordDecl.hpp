@@ -41,6 +41,7 @@ enum class RuleKind : std::uint8_t {
   MaxLength,  // a value of limit+1 characters or more fails
   Exists,     // the record a reference names must exist (in a master collection or in QuickBooks)
   Own,        // the record's own check
+  Nested,     // the rules of the records an aggregate or a list of child records holds
 };
 
 // A record's own check: adds its entries to `errors`.
@@ -50,8 +51,8 @@ struct Rule {
   RuleKind kind = RuleKind::NotEmpty;
   FieldId field = kNoField;
   std::uint32_t limit = 0;      // MaxLength
-  int code = 0;                 // the error added when the rule fails
-  std::string_view label{};     // the error's Field
+  int code = 0;                 // the error added when the rule fails; 0: its own text, with no number
+  std::string_view label{};     // the error's Field (Nested: when given, the Field of every entry it adds)
   std::string_view message{};   // empty: the code's own message
   // Exists: the list searched (none: the field's); the Ret elements the record may be (empty: any),
   // and the code added when it is another kind; whether an empty value fails, and whether a
@@ -61,6 +62,10 @@ struct Rule {
   int otherKindCode = 0;
   bool emptyFails = false;
   bool uncheckedFails = false;
+  // Exists: a field whose value the record found must share, in its element of the same tag, and
+  // the code added when it does not.
+  FieldId alike = kNoField;
+  int alikeCode = 0;
   OwnCheck check = nullptr;
 
   constexpr Rule Message(std::string_view text) const {
@@ -73,6 +78,15 @@ struct Rule {
     Rule r = *this;
     r.accepted = rets;
     r.otherKindCode = otherCode;
+    return r;
+  }
+  // The record found must be of the same sort as this one: hold the same value as this record's
+  // field `id` (a sub-account's parent is an account of the sub-account's type); `otherCode` when not.
+  constexpr Rule Alike(FieldId id, int otherCode) const {
+    if (kind != RuleKind::Exists) throw "only a reference rule compares what it finds";
+    Rule r = *this;
+    r.alike = id;
+    r.alikeCode = otherCode;
     return r;
   }
   constexpr Rule EmptyFails() const {
@@ -176,6 +190,13 @@ struct FieldTable {
     const ValueKind k = f.kind;
     if (k != ValueKind::Text && k != ValueKind::Ref) throw "a length limit is for texts and references";
     return Rule{.kind = RuleKind::MaxLength, .field = IndexOf(f), .limit = limit, .code = code, .label = label};
+  }
+  // The rules of the nested records a field holds (an aggregate, or each of a list of child records)
+  // run as the owner's: their entries join the owner's list, under `label` when one is given; with a
+  // `code`, one entry of that code stands for all of them.
+  consteval Rule NestedRules(const FieldDef& f, std::string_view label = {}, int code = 0) const {
+    if (f.kind != ValueKind::Aggregate && f.kind != ValueKind::Children) throw "only nested records have rules";
+    return Rule{.kind = RuleKind::Nested, .field = IndexOf(f), .code = code, .label = label};
   }
   // The record a reference names must exist in its list.
   consteval Rule Exists(const FieldDef& f, int code, std::string_view label) const {

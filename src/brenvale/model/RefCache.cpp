@@ -7,6 +7,7 @@
 #include "brenvale/core/KeyedList.hpp"
 #include "brenvale/core/ThreadState.hpp"
 #include "brenvale/model/Lists.hpp"
+#include "brenvale/model/RecordCore.hpp"
 #include "brenvale/model/zkList.hpp"
 #include "brenvale/qbxml/ResponseView.hpp"
 #include "brenvale/qbxml/Session.hpp"
@@ -30,13 +31,16 @@ void RefCache::CheckSession() {
   }
 }
 
-RefAnswer RefCache::Find(zqEnumListType list, std::string_view fullName, RefEntry* entry) {
+RefAnswer RefCache::Find(zqEnumListType list, std::string_view fullName, RefEntry* entry,
+                         std::string_view sortTag) {
   if (zkList* master = TheLists().Master(list)) {
     if (zkListObject* held = master->Find(fullName)) {
       if (entry) {
-        *entry = RefEntry{held->ListID(), held->FullName(), {}};
+        *entry = RefEntry{held->ListID(), held->FullName(), {}, std::string(sortTag), {}};
         if (const zkEnumValue* kind = EnumCatalogue(zqeObjectType).FindByCode(static_cast<Integer>(held->ObjectType())))
           entry->retName = kind->CollectionKey() + "Ret";
+        if (const auto* record = dynamic_cast<const RecordCore*>(held); record && !sortTag.empty())
+          if (const FieldId id = record->Decl().FindTag(sortTag); id != kNoField) entry->sort = record->ValueText(id);
       }
       return RefAnswer::Found;
     }
@@ -45,25 +49,27 @@ RefAnswer RefCache::Find(zqEnumListType list, std::string_view fullName, RefEntr
   auto it = entries_.find(KeyOf(list, fullName));
   if (it == entries_.end()) return RefAnswer::Unknown;
   if (!it->second) return RefAnswer::Missing;
+  if (!sortTag.empty() && it->second->sortTag != sortTag) return RefAnswer::Unknown;
   if (entry) *entry = *it->second;
   return RefAnswer::Found;
 }
 
-void RefCache::Batch::Add(zqEnumListType list, std::string_view fullName) {
-  auto it = std::find_if(byList_.begin(), byList_.end(), [&](const auto& l) { return l.first == list; });
-  if (it == byList_.end()) it = byList_.insert(byList_.end(), {list, {}});
-  it->second.emplace_back(fullName);
+void RefCache::Batch::Add(zqEnumListType list, std::string_view fullName, std::string_view sortTag) {
+  auto it = std::find_if(byList_.begin(), byList_.end(),
+                         [&](const Names& l) { return l.list == list && l.sortTag == sortTag; });
+  if (it == byList_.end()) it = byList_.insert(byList_.end(), Names{list, sortTag, {}});
+  it->names.emplace_back(fullName);
 }
 
 void RefCache::Fetch(const Batch& batch) {
-  for (const auto& [list, names] : batch.byList_) Fetch(list, names);
+  for (const Batch::Names& l : batch.byList_) Fetch(l.list, l.names, l.sortTag);
 }
 
-void RefCache::Fetch(zqEnumListType list, const std::vector<std::string>& names) {
+void RefCache::Fetch(zqEnumListType list, const std::vector<std::string>& names, std::string_view sortTag) {
   if (!CurrentSession().processor) return;
   std::vector<std::string_view> wanted;
   for (const std::string& name : names) {
-    if (name.empty() || Find(list, name) != RefAnswer::Unknown) continue;
+    if (name.empty() || Find(list, name, nullptr, sortTag) != RefAnswer::Unknown) continue;
     if (std::find_if(wanted.begin(), wanted.end(), [&](std::string_view w) {
           return detail::FoldKey(w) == detail::FoldKey(name);
         }) == wanted.end())
@@ -83,7 +89,8 @@ void RefCache::Fetch(zqEnumListType list, const std::vector<std::string>& names)
     // Any other failure leaves every name unknown.
     if (!rs || (rs.StatusCode() != 0 && rs.StatusCode() != 1 && rs.StatusCode() != 500)) return;
     for (DomNode ret : rs.Rets()) {
-      RefEntry e{ret.ChildText("ListID"), ret.ChildText("FullName"), std::string(ret.BaseName())};
+      RefEntry e{ret.ChildText("ListID"), ret.ChildText("FullName"), std::string(ret.BaseName()),
+                 std::string(sortTag), sortTag.empty() ? std::string() : ret.ChildText(sortTag)};
       if (e.fullName.empty()) e.fullName = ret.ChildText("Name");
       // A record that comes back without its name answers the one name asked for.
       if (e.fullName.empty() && wanted.size() == 1) e.fullName = wanted.front();
@@ -91,7 +98,11 @@ void RefCache::Fetch(zqEnumListType list, const std::vector<std::string>& names)
       std::string key = KeyOf(list, e.fullName);
       entries_[std::move(key)] = std::move(e);
     }
-    for (std::string_view name : wanted) entries_.try_emplace(KeyOf(list, name));
+    // A name QuickBooks did not answer is missing, whatever was known of it before.
+    for (std::string_view name : wanted) {
+      auto [it, added] = entries_.try_emplace(KeyOf(list, name));
+      if (!added && it->second && it->second->sortTag != sortTag) it->second.reset();
+    }
   } catch (const BrenvaleError&) {
     // A lookup that cannot be answered finds nothing; the names stay unknown.
   }

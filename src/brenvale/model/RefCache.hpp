@@ -17,27 +17,39 @@ struct RefEntry {
   std::string listID;
   std::string fullName;
   std::string retName;  // the element QuickBooks answered with ("VendorRet" for an entity)
+  // What sort of record it is within its list, where a lookup asked for it: the text of the
+  // record's element `sortTag` (an account's "AccountType").
+  std::string sortTag;
+  std::string sort;
 };
 
 enum class RefAnswer { Found, Missing, Unknown };
 
 class RefCache {
  public:
-  // What is known of the record named `fullName` in `list`; the entry when found.
-  RefAnswer Find(zqEnumListType list, std::string_view fullName, RefEntry* entry = nullptr);
-  // Looks up in QuickBooks, in one query, the names of `list` that are not known yet. Nothing is
-  // sent without a connection, or when every name is known.
-  void Fetch(zqEnumListType list, const std::vector<std::string>& names);
+  // What is known of the record named `fullName` in `list`; the entry when found. With a
+  // `sortTag`, a record looked up without that element is not known yet.
+  RefAnswer Find(zqEnumListType list, std::string_view fullName, RefEntry* entry = nullptr,
+                 std::string_view sortTag = {});
+  // Looks up in QuickBooks, in one query, the names of `list` that are not known yet (with the
+  // element `sortTag` of each, when given). Nothing is sent without a connection, or when every
+  // name is known.
+  void Fetch(zqEnumListType list, const std::vector<std::string>& names, std::string_view sortTag = {});
 
-  // Names gathered from many records, fetched with one query per list.
+  // Names gathered from many records, fetched with one query per list (and sort element).
   class Batch {
    public:
-    void Add(zqEnumListType list, std::string_view fullName);
+    void Add(zqEnumListType list, std::string_view fullName, std::string_view sortTag = {});
     bool Empty() const { return byList_.empty(); }
 
    private:
     friend class RefCache;
-    std::vector<std::pair<zqEnumListType, std::vector<std::string>>> byList_;
+    struct Names {
+      zqEnumListType list;
+      std::string_view sortTag;
+      std::vector<std::string> names;
+    };
+    std::vector<Names> byList_;
   };
   void Fetch(const Batch& batch);
 

@@ -11,6 +11,7 @@ WriteContext WriteContext::OfSession(Form form) {
   c.versionNumber = s.qbXMLVersionNumber;
   c.versionText = s.qbxmlVersion;
   c.country = s.country;
+  c.online = s.isOnline;
   return c;
 }
 

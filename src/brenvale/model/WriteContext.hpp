@@ -4,6 +4,7 @@
 // form) and, for transaction lines, the family of their owner. Writers read this, never the session.
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "brenvale/core/Currency.hpp"
 
@@ -19,11 +20,16 @@ struct WriteContext {
   Currency versionNumber;       // the element gate
   std::string versionText;      // "13.0", "CA3.0"
   std::string country;          // the company's edition: "US", "CA", "UK", "AU"
+  bool online = false;          // the online edition rather than QuickBooks on a desktop
   OwnerFamily owner = OwnerFamily::None;
 
   // The company keeps sales tax codes (the US edition) rather than tax codes.
   bool UsesSalesTaxCodes() const { return country.empty() || country == "US"; }
   bool UsesTaxCodes() const { return !UsesSalesTaxCodes(); }
+  // The company's edition is that country's (an edition not reported is the US one).
+  bool In(std::string_view edition) const { return country.empty() ? edition == "US" : country == edition; }
+  // The session's qbXML version is below major.minor.
+  bool Before(int major, int minor) const { return versionNumber < Currency::FromUnits((major * 10 + minor) * 1000LL); }
 
   // The context of this thread's session, for the given form.
   static WriteContext OfSession(Form form);

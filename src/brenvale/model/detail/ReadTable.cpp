@@ -1,40 +1,37 @@
 #include "brenvale/model/detail/ReadTable.hpp"
 
-#include <array>
 #include <memory>
 #include <vector>
 
 namespace brenvale::detail {
 
 ReadTable::ReadTable(const RecordDecl& decl) : decl_(&decl) {
-  for (FieldId id : decl.read) {
-    const std::string_view tag = decl.Field(id).tag;
+  auto add = [&](std::string_view tag, FieldId id) {
     entries_.push_back(Entry{tag.data(), static_cast<std::uint32_t>(tag.size()), id});
     lengths_ |= std::uint64_t{1} << (tag.size() & 63);
     const auto first = static_cast<unsigned char>(tag.front());
     firsts_[first >> 6] |= std::uint64_t{1} << (first & 63);
-  }
+  };
+  for (FieldId id : decl.read) add(decl.Field(id).tag, id);
+  // A field other versions name otherwise is read under each name; those come last, so that a
+  // record read in the declared order finds each element where it looks first.
+  for (FieldId id : decl.read)
+    if (const FieldTags* tags = decl.Field(id).tags)
+      for (std::string_view other : tags->also) add(other, id);
 }
 
 const ReadTable& ReadTable::Of(const RecordDecl& decl) {
-  // Every table built is kept for the thread: a reader holds its table while nested records are read
-  // with theirs. A few declarations are read at a time (a kind, its addresses, its lines), so the
-  // most recent ones are looked at first.
-  thread_local std::vector<std::unique_ptr<ReadTable>> built;
-  thread_local std::array<const ReadTable*, 8> recent{};
-  thread_local std::size_t next = 0;
-  for (const ReadTable* t : recent)
-    if (t && t->decl_ == &decl) return *t;
-  const ReadTable* found = nullptr;
-  for (const auto& t : built)
-    if (t->decl_ == &decl) found = t.get();
-  if (!found) {
-    built.push_back(std::make_unique<ReadTable>(decl));
-    found = built.back().get();
-  }
-  recent[next] = found;
-  next = (next + 1) % recent.size();
-  return *found;
+  // One table per declaration, kept for the thread's life: a record's table is in use while it
+  // reads its nested records of other declarations, so none may be dropped to make room. A program
+  // has a bounded number of declarations, and a read meets few of them: the last one and a short
+  // list serve.
+  thread_local std::vector<std::unique_ptr<ReadTable>> tables;
+  thread_local const ReadTable* last = nullptr;
+  if (last && last->decl_ == &decl) return *last;
+  for (const auto& t : tables)
+    if (t->decl_ == &decl) return *(last = t.get());
+  tables.push_back(std::make_unique<ReadTable>(decl));
+  return *(last = tables.back().get());
 }
 
 }  // namespace brenvale::detail

@@ -43,6 +43,28 @@ void SaveDef(Context& co, std::string_view owner, std::string_view name, std::in
       .Run();
 }
 
+// QuickBooks' own custom fields (owner "0", the ones its windows show) hold text, on customers and
+// jobs, vendors, employees and items; applications' fields may hold any type, on any object.
+constexpr std::string_view kPublicOwner = "0";
+constexpr std::string_view kPublicObjects[] = {"Customer", "Vendor", "Employee", "Item"};
+
+// QuickBooks' refusal of a definition (`value` false) or of a value it cannot save.
+StatusError Refused(bool value, bool adding, std::string_view name, std::string_view why) {
+  return StatusError{3180, std::string("There was an error when ") + (adding ? "saving" : "modifying") + " a data extension" +
+                               (value ? "" : " definition") + ", element " + Quote(name) +
+                               ".  QuickBooks error message: " + std::string(why)};
+}
+
+// Refuses a public field assigned to an object QuickBooks shows no custom fields on.
+void CheckPublicObjects(std::string_view owner, std::string_view name, pugi::xml_node in, bool adding) {
+  if (owner != kPublicOwner) return;
+  for (auto a : in.children("AssignToObject"))
+    if (std::find(std::begin(kPublicObjects), std::end(kPublicObjects), std::string_view(a.text().get())) ==
+        std::end(kPublicObjects))
+      throw Refused(false, adding, name,
+                    "Custom fields of QuickBooks can be assigned to customers, vendors, employees and items only.");
+}
+
 void Order(pugi::xml_node ret) { OrderChildren(*Declarations::Get().Named("DataExtDefRet"), ret); }
 
 void Set(pugi::xml_node parent, const char* name, const std::string& value) {
@@ -54,11 +76,15 @@ void Set(pugi::xml_node parent, const char* name, const std::string& value) {
 void HandleDefAdd(Context& co, const Request& rq, Reply& reply) {
   auto in = rq.node.child("DataExtDefAdd");
   std::string owner = Text(in.child("OwnerID")), name = Text(in.child("DataExtName"));
-  if (Trim(name).empty())
-    throw StatusError{3180, "There was an error when saving a data extension definition, element \"\". QuickBooks "
-                            "error message: The name cannot be blank."};
-  if (FindDef(co, owner, name))
-    throw NameInUse(name);
+  if (Trim(name).empty()) throw Refused(false, true, name, "The name cannot be blank.");
+  if (FindDef(co, owner, name)) throw NameInUse(name);
+  if (owner == kPublicOwner) {
+    if (Text(in.child("DataExtType")) != "STR255TYPE")
+      throw Refused(false, true, name, "Custom fields of QuickBooks hold text (STR255TYPE) only.");
+    if (!in.child("AssignToObject"))
+      throw Refused(false, true, name, "Custom fields of QuickBooks must be assigned to at least one kind of object.");
+    CheckPublicObjects(owner, name, in, true);
+  }
   pugi::xml_document doc;
   auto ret = doc.append_child("DataExtDefRet");
   std::int64_t id = co.Data().NextNumber("dataext");
@@ -84,6 +110,7 @@ void HandleDefMod(Context& co, const Request& rq, Reply& reply) {
   std::string owner = Text(in.child("OwnerID")), name = Text(in.child("DataExtName"));
   auto def = FindDef(co, owner, name);
   if (!def) throw NotFound(name);
+  CheckPublicObjects(owner, name, in, false);
   pugi::xml_document doc;
   doc.load_string(def->ret.c_str());
   auto ret = doc.first_child();
@@ -92,8 +119,8 @@ void HandleDefMod(Context& co, const Request& rq, Reply& reply) {
     std::string_view n = c.name();
     std::string v = Text(c);
     if (n == "DataExtNewName") {
-      if (NameKey(v) != NameKey(name) && FindDef(co, owner, v))
-        throw NameInUse(v);
+      if (Trim(v).empty()) throw Refused(false, false, name, "The name cannot be blank.");
+      if (NameKey(v) != NameKey(name) && FindDef(co, owner, v)) throw NameInUse(v);
       newName = v;
       Set(ret, "DataExtName", v);
     } else if (n == "AssignToObject") {
@@ -216,6 +243,12 @@ void HandleValue(Context& co, const Request& rq, Reply& reply, bool add) {
   doc.load_string(def->ret.c_str());
   std::string type = doc.first_child().child("DataExtType").text().get();
   std::string realName = doc.first_child().child("DataExtName").text().get();
+  if (owner == kPublicOwner) {
+    std::string kind = in.child("OtherDataExtType") ? "Company" : Text(in.child("ListDataExtType"));
+    auto assigned = ChildTexts(doc.first_child(), "AssignToObject");
+    if (std::find(assigned.begin(), assigned.end(), kind) == assigned.end())
+      throw Refused(true, add, realName, "The custom field is not assigned to this kind of object.");
+  }
   std::string value = CheckedValue(type, Text(in.child("DataExtValue")), "DataExtValue");
   auto& db = co.Data().Db();
   if (!add) {

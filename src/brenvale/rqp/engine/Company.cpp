@@ -94,7 +94,7 @@ Company::Company(const std::string& path, qbEnumFileOpenMode mode, const HostFac
     if (store_->NeedsReindex())
       InTransaction(store_->Db(), [&] {
         if (!store_->NeedsReindex()) return;  // another session did it meanwhile
-        ReindexRecords(*context_);
+        RebuildRecords(*context_);
         UpgradeCompany(*context_);
         store_->Reindexed();
       });
@@ -138,7 +138,7 @@ std::string Company::Process(std::string_view text) {
     std::string_view name = child.name();
     const Decl* decl = declared.Request(name);
     if (!decl) refuse("Unknown request " + Quote(name) + ".");
-    Problem problem = CheckRequest(*decl, child, doc.Version(), facts_.RelaxElementOrder);
+    Problem problem = CheckRequest(*decl, child, doc.Version(), EditionOf(facts_.Country), facts_.RelaxElementOrder);
     if (problem.kind == Problem::Kind::Structure) refuse(problem.message);
     if (!name.ends_with("QueryRq")) writes = true;
     auto h = Handlers().find(name);

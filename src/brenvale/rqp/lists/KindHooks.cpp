@@ -1,13 +1,24 @@
 #include "brenvale/rqp/lists/KindHooks.hpp"
 
 #include <algorithm>
+#include <cmath>
 
+#include "brenvale/rqp/ledger/OpeningBalances.hpp"
 #include "brenvale/rqp/records/Records.hpp"
 
 namespace brenvale::rqp::detail {
 namespace {
 
 std::string Text(pugi::xml_node n) { return n.text().get(); }
+
+// The text of a simple element at the top of a stored Ret element.
+std::string StoredValue(std::string_view ret, std::string_view element) {
+  std::string open = "<" + std::string(element) + ">";
+  auto at = ret.find(open);
+  if (at == std::string_view::npos) return {};
+  at += open.size();
+  return std::string(ret.substr(at, ret.find('<', at) - at));
+}
 
 // Account types in chart-of-accounts order, with the section of a statement of cash flows QuickBooks
 // puts each in (cash itself and the profit-and-loss accounts are in none).
@@ -36,8 +47,42 @@ constexpr AccountTypeRow kAccountTypes[] = {
 
 }  // namespace
 
-void OpeningBalance(RecordChange& c) {
-  if (auto ob = c.in.child("OpenBalance")) SetChild(c.ret, "Balance", Text(ob).empty() ? "0.00" : Text(ob));
+void PostsOpeningBalance(RecordChange& c) {
+  auto amount = c.in.child("OpenBalance"), date = c.in.child("OpenBalanceDate");
+  if (c.rebuilding || (!amount && !date)) return;
+  using Of = OpeningBalance::Of;
+  OpeningBalance ob;
+  ob.of = c.kind.base == "Customer" ? Of::Customer : c.kind.base == "Vendor" ? Of::Vendor : Of::Account;
+  ob.listId = c.row.listId;
+  ob.amount = Amount(amount).value_or(0);
+  if (ob.of == Of::Account) {
+    ob.accountType = Text(c.ret.child("AccountType"));
+    // Receivables and payables are owed by someone: their balances come from invoices and bills.
+    if (ob.amount != 0 && (ob.accountType == "AccountsReceivable" || ob.accountType == "AccountsPayable" ||
+                           ob.accountType == "NonPosting"))
+      throw ListError(c.kind, c.isAdd, Text(c.ret.child("Name")), 3180,
+                      "An opening balance cannot be entered for an account of this type.");
+  }
+  Ledger ledger(c.co.Data());
+  auto posted = ledger.DateOf(kOpeningBalance, ob.listId);
+  ob.date = !Text(date).empty() ? Text(date) : posted ? *posted : c.co.TodayText();
+  if (amount) PostOpeningBalance(ledger, ob);
+  else if (posted) ledger.Redate(kOpeningBalance, ob.listId, ob.date);
+}
+
+void AccountTree(RecordChange& c) {
+  if (c.rebuilding) return;
+  std::string type = Text(c.ret.child("AccountType"));
+  auto refuse = [&](const char* why) { throw ListError(c.kind, c.isAdd, Text(c.ret.child("Name")), 3180, why); };
+  std::string parentId = Text(c.ret.child("ParentRef").child("ListID"));
+  if (auto parent = parentId.empty() ? std::nullopt : c.co.Data().ById(parentId);
+      parent && StoredValue(parent->ret, "AccountType") != type)
+    refuse("A subaccount must be of the same type as its parent account.");
+  if (c.isAdd || StoredValue(c.row.ret, "AccountType") == type) return;
+  if (c.ret.child("SpecialAccountType")) refuse("QuickBooks uses this account for its own purposes; its type cannot be changed.");
+  for (auto& child : c.co.Data().Children(c.row.listId))
+    if (StoredValue(child.ret, "AccountType") != type)
+      refuse("The type of an account with subaccounts of its type cannot be changed.");
 }
 
 void AccountTaxLine(RecordChange& c) {
@@ -70,12 +115,45 @@ void ItemBarCode(RecordChange& c) {
 }
 
 void InventoryStart(RecordChange& c) {
-  if (!c.isAdd) return;
-  auto qty = Amount(c.in.child("QuantityOnHand"));
+  if (!c.isAdd || c.rebuilding) return;
+  Ledger ledger(c.co.Data());
+  for (auto [ref, special] : {std::pair{"AssetAccountRef", "InventoryAssets"}, {"COGSAccountRef", "CostOfGoodsSold"}})
+    if (!c.ret.child(ref)) c.ret.append_child(ref).append_child("ListID").text().set(ledger.SpecialAccount(special).c_str());
+  OpeningBalance ob;
+  ob.of = OpeningBalance::Of::Stock;
+  ob.listId = c.row.listId;
+  ob.quantity = Amount(c.in.child("QuantityOnHand")).value_or(0);
+  // Without a value the stock is worth its quantity at the purchase cost, to the cent.
   auto value = Amount(c.in.child("TotalValue"));
-  if (qty && value && *qty != 0)
-    SetChild(c.ret, "AverageCost",
-             FormatDecimal(static_cast<long long>((static_cast<long double>(*value) / *qty) * 100000.0L), 2));
+  ob.amount = value ? *value
+                    : static_cast<std::int64_t>(std::llround(static_cast<long double>(ob.quantity) *
+                                                             Amount(c.ret.child("PurchaseCost")).value_or(0) /
+                                                             100000.0L / 1000.0L)) * 1000;
+  ob.assetAccount = Text(c.ret.child("AssetAccountRef").child("ListID"));
+  ob.date = Text(c.in.child("InventoryDate"));
+  if (ob.date.empty()) ob.date = c.co.TodayText();
+  PostOpeningBalance(ledger, ob);
+}
+
+void AssemblyComponents(RecordChange& c) {
+  if (c.isAdd || c.rebuilding || !c.in.child("ItemInventoryAssemblyLine")) return;
+  std::vector<std::string> parts;
+  for (auto line : c.ret.children("ItemInventoryAssemblyLine"))
+    parts.push_back(Text(line.child("ItemInventoryRef").child("ListID")));
+  if (std::find(parts.begin(), parts.end(), c.row.listId) == parts.end()) {
+    // The components of the components, to any depth, as the stored assemblies name them.
+    auto& s = c.co.Data().Db().Prepare(
+        "WITH RECURSIVE part(id) AS (SELECT value FROM json_each(?1) UNION SELECT f.target FROM part "
+        "JOIN records r ON r.list_id = part.id JOIN refs f ON f.source = r.id AND f.field = 'ItemInventoryRef') "
+        "SELECT 1 FROM part WHERE id = ?2 LIMIT 1");
+    std::string json = "[";
+    for (auto& p : parts) json += (json.size() > 1 ? ",\"" : "\"") + p + "\"";
+    s.Bind(1, json + "]").Bind(2, c.row.listId);
+    bool cycle = s.Step();
+    s.Reset();
+    if (!cycle) return;
+  }
+  throw ListError(c.kind, false, Text(c.ret.child("Name")), 3180, "An assembly cannot be one of its own components.");
 }
 
 void PerItemPrices(RecordChange& c) {

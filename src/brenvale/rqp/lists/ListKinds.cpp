@@ -5,6 +5,7 @@
 
 #include <cctype>
 
+#include "brenvale/rqp/ledger/Ledger.hpp"
 #include "brenvale/rqp/lists/KindHooks.hpp"
 #include "brenvale/rqp/protocol/Text.hpp"
 
@@ -39,7 +40,8 @@ struct KindRow {
   std::vector<std::string_view> indexed = {};
   std::vector<ChangeHook> hooks = {};
   std::vector<DeleteGuard> deleteGuards = {};
-  bool rollsUpBalances = false;
+  std::vector<Computed> computed = {};
+  std::vector<std::pair<std::string_view, std::vector<std::string_view>>> refTargets = {};
 };
 
 constexpr unsigned kList = kAdd | kDel;
@@ -58,9 +60,9 @@ constexpr std::string_view kSalesOrPurchase =
 constexpr std::string_view kSpecialItem =
     "SpecialItemType[r]^6.0:e(FinanceCharge|ReimbursableExpenseGroup|ReimbursableExpenseSubtotal)";
 constexpr std::string_view kInventory =
-    "UnitOfMeasureSetRef^7.0:ref31 ForceUOMChange[m]^7.0:b IsTaxIncluded[am]^6.0:b SalesTaxCodeRef:ref3 "
+    "UnitOfMeasureSetRef^7.0:ref31 ForceUOMChange[m]^7.0:b IsTaxIncluded[am]^6.0%cua:b SalesTaxCodeRef:ref3 "
     "SalesDesc:s4095 SalesPrice:price IncomeAccountRef^m7.0:ref159 ApplyIncomeAccountRefToExistingTxns[m]^7.0:b "
-    "PurchaseDesc:s4095 PurchaseCost:price PurchaseTaxCodeRef[am]^6.0:ref3 COGSAccountRef:ref159";
+    "PurchaseDesc:s4095 PurchaseCost:price PurchaseTaxCodeRef[am]^6.0%cua:ref3 COGSAccountRef:ref159";
 constexpr std::string_view kInventoryVendor = "PrefVendorRef:ref41 AssetAccountRef:ref159";
 
 // Item kinds in the order QuickBooks lists them in an item query (the order of its answer's kinds).
@@ -69,75 +71,90 @@ constexpr std::string_view kItemOrder[] = {"ItemService",  "ItemNonInventory", "
                                            "ItemPayment", "ItemSalesTax", "ItemSalesTaxGroup", "ItemGroup"};
 
 const std::vector<KindRow>& Rows() {
-  // Inventory reports its quantities and value, and its prices even when none was given.
-  const Defaults inventory = {{"SalesPrice", "0.00"},     {"PurchaseCost", "0.00"}, {"QuantityOnHand", "0"},
-                              {"AverageCost", "0.00"},    {"QuantityOnOrder", "0"}, {"QuantityOnSalesOrder", "0"}};
+  // Inventory reports its prices even when none was given, and what is on order (no orders yet).
+  const Defaults inventory = {{"SalesPrice", "0.00"}, {"PurchaseCost", "0.00"}, {"QuantityOnOrder", "0"},
+                              {"QuantityOnSalesOrder", "0"}};
+  // What QuickBooks computes from the ledger: balances, and the stock of inventory.
+  const std::vector<Computed> accountBalances = {{"Balance", AccountBalanceSql(false)},
+                                                 {"TotalBalance", AccountBalanceSql(true)}};
+  const std::vector<Computed> stock = {{"QuantityOnHand", QuantityOnHandSql()}, {"AverageCost", AverageCostSql()}};
+  // What an assembly is built from, and what a group may hold (any item but another group).
+  const std::vector<std::string_view> components = {"ItemInventory", "ItemInventoryAssembly", "ItemNonInventory",
+                                                    "ItemService", "ItemOtherCharge"};
+  std::vector<std::string_view> groupable;
+  for (auto kind : kItemOrder)
+    if (kind != "ItemGroup") groupable.push_back(kind);
   static const std::vector<KindRow> rows = {
       {1, "Account", "Account", NameGroup::Own, Family::None, "Name", kAdd | kMod | kDel | kDataExt, " 6.0 ",
        "Name!:s31 FullName[r]:s159 IsActive:b ParentRef:ref Sublevel[r]:int AccountType!:E.AccountType "
-       "DetailAccountType[a]:s SpecialAccountType[r]^2.1:E.SpecialAccountType AccountNumber:s7 BankNumber^r2.0:s25 "
+       "DetailAccountType[a]%o:s SpecialAccountType[r]^2.1:E.SpecialAccountType AccountNumber:s7 BankNumber^r2.0:s25 "
        "Desc:s200 OpenBalance[am]:amt OpenBalanceDate[am]:d Balance[r]:amt TotalBalance[r]:amt "
-       "SalesTaxCodeRef[am]^6.0:ref3 TaxLineID[am]^7.0:int TaxLineInfoRet[r]^2.1{TaxLineID!:int TaxLineName:s256} "
+       "SalesTaxCodeRef[am]^6.0%cua:ref3 TaxLineID[am]^7.0%dca:int TaxLineInfoRet[r]^2.1{TaxLineID!:int TaxLineName:s256} "
        "CashFlowClassification[r]^2.1:e(None|Operating|Investing|Financing|NotApplicable) CurrencyRef^8.0:ref64",
        "AccountType*:E.AccountType CurrencyFilter^8.0=CurrencyFilter",
-       {{"Balance", "0.00"}, {"TotalBalance", "0.00"}},
-       {"AccountType"},
-       {OpeningBalance, AccountTaxLine, AccountOrderAndCashFlow},
+       {},
+       {"AccountType", "SpecialAccountType"},
+       {AccountTree, PostsOpeningBalance, AccountTaxLine, AccountOrderAndCashFlow},
        {KeepSpecialAccounts},
-       true},
+       accountBalances},
       {2, "Customer", "Customer", NameGroup::Names, Family::Entity, "Name", kAdd | kMod | kDel | kDataExt | kIterator,
        "", "Name!:s41 FullName[r]:s209 IsActive^m3.0:b ClassRef^12.0:ref159 ParentRef^m3.0:ref Sublevel[r]:int CompanyName:s41 "
-       "Salutation:s15 FirstName:s25 MiddleName:s5 LastName:s25 Suffix[am]:s10 JobTitle^12.0:s41 BillAddress=Address "
+       "Salutation:s15 FirstName:s25 MiddleName:s5 LastName:s25 Suffix[am]%o:s10 JobTitle^12.0:s41 BillAddress=Address "
        "BillAddressBlock[r]^6.0=AddressBlock ShipAddress=Address ShipAddressBlock[r]^6.0=AddressBlock "
-       "ShipToAddress^12.0*50=ShipToAddress PrintAs[am]:s110 Phone:s21 Mobile[am]:s21 Pager[am]:s21 AltPhone:s21 "
+       "ShipToAddress^12.0*50=ShipToAddress PrintAs[am]%o:s110 Phone:s21 Mobile[am]%o:s21 Pager[am]%o:s21 AltPhone:s21 "
        "Fax:s21 Email:s1023 Cc^12.0:s1023 Contact:s41 AltContact:s41 AdditionalContactRef^12.0*8=ContactRef "
        "Contacts~M~R^12.0*=Contacts CustomerTypeRef^m3.0:ref159 TermsRef^m3.0:ref31 SalesRepRef^m3.0:ref5 "
        "OpenBalance[a]:amt OpenBalanceDate[a]:d Balance[r]:amt TotalBalance[r]:amt SalesTaxCodeRef^m3.0:ref3 "
-       "ItemSalesTaxRef^m3.0:ref31 SalesTaxCountry[am]^6.0:e(Australia|Canada|UK|US) ResaleNumber^m3.0:s15 "
+       "ItemSalesTaxRef^m3.0%da:ref31 SalesTaxCountry[am]^6.0%cua:e(Australia|Canada|UK|US) ResaleNumber^m3.0:s15 "
        "AccountNumber:s99 CreditLimit^m3.0:amt PreferredPaymentMethodRef^3.0:ref31 CreditCardInfo^3.0=CreditCardInfo "
        "JobStatus^m3.0:e(Awarded|Closed|InProgress|None|NotAwarded|Pending) JobStartDate^m3.0:d "
        "JobProjectedEndDate^m3.0:d JobEndDate^m3.0:d JobDesc^m3.0:s99 JobTypeRef^m3.0:ref159 Notes^a3.0^m3.0:s4095 "
-       "AdditionalNotes~M~R^12.0*=AdditionalNotes IsStatementWithParent[am]^m3.0:b "
-       "DeliveryMethod[am]^m3.0:e(Print|Fax|Email) "
+       "AdditionalNotes~M~R^12.0*=AdditionalNotes IsStatementWithParent[am]^m3.0%o:b "
+       "DeliveryMethod[am]^m3.0%o:e(Print|Fax|Email) "
        "PreferredDeliveryMethod^12.0:e(None|Email|Fax) PriceLevelRef^4.0:ref31 ExternalGUID[ar]^8.0:guid "
-       "TaxRegistrationNumber[am]^8.0:s30 CurrencyRef^8.0:ref64",
+       "TaxRegistrationNumber[am]^8.0%cua:s30 CurrencyRef^8.0:ref64",
        "TotalBalanceFilter=TotalBalanceFilter CurrencyFilter^8.0=CurrencyFilter ClassFilter^12.0=ClassFilter",
-       {{"Balance", "0.00"}, {"TotalBalance", "0.00"}, {"JobStatus", "None"}, {"PreferredDeliveryMethod", "None"}},
+       {{"JobStatus", "None"}, {"PreferredDeliveryMethod", "None"}},
        {},
-       {OpeningBalance},
+       {PostsOpeningBalance},
        {},
-       true},
+       {{"Balance", EntityBalanceSql("AccountsReceivable", false)},
+        {"TotalBalance", EntityBalanceSql("AccountsReceivable", true)}}},
       {3, "Vendor", "Vendor", NameGroup::Names, Family::Entity, "Name", kAdd | kMod | kDel | kDataExt | kIterator, "",
        "Name!:s41 IsActive^m3.0:b ClassRef^12.0:ref159 CompanyName:s41 Salutation:s15 "
-       "FirstName:s25 MiddleName:s5 LastName:s25 Suffix[am]:s10 JobTitle^12.0:s41 VendorAddress=Address "
-       "VendorAddressBlock[r]^6.0=AddressBlock ShipAddress^11.0=Address Phone:s21 Mobile[am]:s21 Pager[am]:s21 "
+       "FirstName:s25 MiddleName:s5 LastName:s25 Suffix[am]%o:s10 JobTitle^12.0:s41 VendorAddress=Address "
+       "VendorAddressBlock[r]^6.0=AddressBlock ShipAddress^11.0=Address Phone:s21 Mobile[am]%o:s21 Pager[am]%o:s21 "
        "AltPhone:s21 Fax:s21 Email:s1023 Cc^12.0:s1023 Contact:s41 AltContact:s41 "
        "AdditionalContactRef^12.0*8=ContactRef Contacts~M~R^12.0*=Contacts NameOnCheck:s41 AccountNumber:s99 "
        "Notes^a3.0^m3.0:s4095 AdditionalNotes~M~R^12.0*=AdditionalNotes VendorTypeRef^m3.0:ref159 TermsRef^m3.0:ref31 "
-       "CreditLimit^m3.0:amt VendorTaxIdent^m3.0:s15 IsVendorEligibleFor1099^m3.0:b OpenBalance[a]:amt "
+       "CreditLimit^m3.0:amt VendorTaxIdent^m3.0:s15 IsVendorEligibleFor1099^m3.0%da:b OpenBalance[a]:amt "
        "OpenBalanceDate[a]:d Balance[r]:amt "
-       "BillingRateRef^6.0:ref31 ExternalGUID[ar]^8.0:guid SalesTaxCodeRef[am]^8.0:ref3 "
-       "SalesTaxCountry[am]^8.0:e(Australia|Canada|UK|US) IsSalesTaxAgency[am]^8.0:b SalesTaxReturnRef[am]^8.0:ref "
-       "TaxRegistrationNumber[am]^8.0:s30 ReportingPeriod[am]^8.0:e(Monthly|Quarterly) "
-       "IsTaxTrackedOnPurchases[am]^8.0:b TaxOnPurchasesAccountRef[am]^8.0:ref IsTaxTrackedOnSales[am]^8.0:b "
-       "TaxOnSalesAccountRef[am]^8.0:ref IsTaxOnTax[am]^8.0:b PrefillAccountRef^8.0*3:ref159 CurrencyRef^8.0:ref64",
+       "BillingRateRef^6.0:ref31 ExternalGUID[ar]^8.0:guid SalesTaxCodeRef[am]^8.0%cua:ref3 "
+       "SalesTaxCountry[am]^8.0%cua:e(Australia|Canada|UK|US) IsSalesTaxAgency[am]^8.0%cua:b "
+       "SalesTaxReturnRef[am]^8.0%cua:ref TaxRegistrationNumber[am]^8.0%cua:s30 "
+       "ReportingPeriod[am]^8.0%cua:e(Monthly|Quarterly) IsTaxTrackedOnPurchases[am]^8.0%cua:b "
+       "TaxOnPurchasesAccountRef[am]^8.0%cua:ref IsTaxTrackedOnSales[am]^8.0%cua:b "
+       "TaxOnSalesAccountRef[am]^8.0%cua:ref IsTaxOnTax[am]^8.0%cua:b PrefillAccountRef^8.0*3:ref159 "
+       "CurrencyRef^8.0:ref64",
        "TotalBalanceFilter=TotalBalanceFilter CurrencyFilter^8.0=CurrencyFilter ClassFilter^12.0=ClassFilter",
-       {{"IsVendorEligibleFor1099", "false"}, {"Balance", "0.00"}},
+       {{"IsVendorEligibleFor1099", "false"}},
        {},
-       {OpeningBalance}},
+       {PostsOpeningBalance},
+       {},
+       {{"Balance", EntityBalanceSql("AccountsPayable", false)}}},
       {4, "Employee", "Employee", NameGroup::Names, Family::Entity, "Name", kAdd | kMod | kDel | kDataExt, "",
-       "Name:s41 IsActive^m3.0:b Salutation:s15 FirstName:s25 MiddleName:s5 LastName:s25 Suffix[am]:s10 "
-       "JobTitle^12.0:s41 SupervisorRef^13.0:ref209 Department^13.0:s31 Description^13.0:s64 TargetBonus^13.0:amt "
-       "EmployeeAddress{Addr1:s41 Addr2:s41 Addr3[am]:s Addr4[am]^2.0:s City:s31 State:s21 PostalCode:s13 "
-       "Country[am]:s} PrintAs:s41 Phone:s21 Mobile^2.1:s21 Pager^2.1:s21 PagerPIN^2.1:s10 AltPhone:s21 "
+       "Name%o:s41 IsActive^m3.0:b Salutation:s15 FirstName:s25 MiddleName:s5 LastName:s25 Suffix[am]%o:s10 "
+       "JobTitle^12.0:s41 SupervisorRef^13.0%d:ref209 Department^13.0%d:s31 Description^13.0%d:s64 "
+       "TargetBonus^13.0:amt EmployeeAddress{Addr1:s41 Addr2:s41 Addr3[am]%o:s Addr4[am]^2.0%o:s City:s31 State:s21 "
+       "PostalCode:s13 Country[am]%o:s} PrintAs:s41 Phone:s21 Mobile^2.1:s21 Pager^2.1:s21 PagerPIN^2.1:s10 AltPhone:s21 "
        "Fax^2.1:s21 SSN[a]:s15 SSN[r]^2.0:s11 Email:s1023 AdditionalContactRef^12.0*8=ContactRef "
-       "EmergencyContacts^13.0{PrimaryContact=EmergencyContact SecondaryContact=EmergencyContact} "
+       "EmergencyContacts^13.0%d{PrimaryContact=EmergencyContact SecondaryContact=EmergencyContact} "
        "EmployeeType^m5.0:e(Officer|Owner|Regular|Statutory) PartOrFullTime^13.0:e(PartTime|FullTime) "
-       "Exempt^13.0:e(Exempt|NonExempt) KeyEmployee^13.0:e(Yes|No) Gender[ar]:e(Male|Female) HiredDate^m5.0:d "
-       "OriginalHireDate^13.0:d AdjustedServiceDate^13.0:d ReleasedDate^m5.0:d BirthDate^2.0:d USCitizen^13.0:e(Yes|No) "
-       "Ethnicity^13.0:e(AmericianIndian|Asian|Black|Hawaiian|Hispanic|White|TwoOrMoreRaces) "
-       "Disabled^13.0:e(Yes|No) DisabilityDesc^13.0:s25 OnFile^13.0:e(Yes|No) WorkAuthExpireDate^13.0:d "
-       "USVeteran^13.0:e(Yes|No) MilitaryStatus^13.0:e(Active|Reserve) AccountNumber:s99 Notes^3.0^r2.1:s4095 "
+       "Exempt^13.0%d:e(Exempt|NonExempt) KeyEmployee^13.0%d:e(Yes|No) Gender[ar]:e(Male|Female) HiredDate^m5.0:d "
+       "OriginalHireDate^13.0%d:d AdjustedServiceDate^13.0%d:d ReleasedDate^m5.0:d BirthDate^2.0:d "
+       "USCitizen^13.0%d:e(Yes|No) Ethnicity^13.0%d:e(AmericianIndian|Asian|Black|Hawaiian|Hispanic|White|TwoOrMoreRaces) "
+       "Disabled^13.0%d:e(Yes|No) DisabilityDesc^13.0%d:s25 OnFile^13.0%d:e(Yes|No) WorkAuthExpireDate^13.0%d:d "
+       "USVeteran^13.0%d:e(Yes|No) MilitaryStatus^13.0%d:e(Active|Reserve) AccountNumber:s99 Notes^3.0^r2.1:s4095 "
        "AdditionalNotes~M~R^12.0*=AdditionalNotes BillingRateRef^6.0:ref31 EmployeePayrollInfo~M^2.0=PayrollInfo "
        "ExternalGUID[ar]^8.0:guid",
        "", {}, {}, {EmployeeName}},
@@ -157,7 +174,7 @@ const std::vector<KindRow>& Rows() {
        "PaymentMethodType^7.0*:E.PaymentMethodType", {}, {"PaymentMethodType"}},
       {12, "ShipMethod", "Ship Method", NameGroup::Own, Family::None, "Name", kList, "", "Name!:s15 IsActive:b", ""},
       {13, "SalesTaxCode", "Sales Tax Code", NameGroup::Own, Family::None, "Name", kAdd | kMod | kDel, " 8.0 ",
-       "Name!:s3 IsActive:b IsTaxable!:b Desc:s31 ItemPurchaseTaxRef[am]^6.0:ref31 ItemSalesTaxRef[am]^6.0:ref31", ""},
+       "Name!:s3 IsActive:b IsTaxable!:b Desc:s31 ItemPurchaseTaxRef[am]^6.0%cua:ref31 ItemSalesTaxRef[am]^6.0%cua:ref31", ""},
       {14, "SalesRep", "Sales Rep", NameGroup::Own, Family::None, "Initial", kAdd | kMod | kDel, " 3.0 ",
        "Initial!:s5 IsActive:b SalesRepEntityRef!:ref41", ""},
       {15, "StandardTerms", "Terms", NameGroup::Terms, Family::Terms, "Name", kList, "",
@@ -173,7 +190,7 @@ const std::vector<KindRow>& Rows() {
        "VendorRef!:ref41) IsDone:b ReminderDate:d ReminderTime^13.0:ti",
        "DoneStatus:e(All|DoneOnly|NotDoneOnly)", {{"IsDone", "false"}, {"ReminderDate", "today"}}, {"IsDone"}},
       {20, "ItemService", "Item", NameGroup::Items, Family::Item, "Name", kItem, "",
-       "$ItemHead UnitOfMeasureSetRef^7.0:ref31 ForceUOMChange[m]^7.0:b IsTaxIncluded[am]^6.0:b SalesTaxCodeRef:ref3 "
+       "$ItemHead UnitOfMeasureSetRef^7.0:ref31 ForceUOMChange[m]^7.0:b IsTaxIncluded[am]^6.0%cua:b SalesTaxCodeRef:ref3 "
        "$SalesOrPurchase ExternalGUID[ar]^8.0:guid",
        "ClassFilter^12.0=ClassFilter", {}, {}, {ItemBarCode}},
       // QuickBooks' schema has ClassRef after ParentRef in ItemNonInventoryAdd, before it elsewhere.
@@ -181,10 +198,10 @@ const std::vector<KindRow>& Rows() {
        "Name!:s31 FullName[r]:s159 BarCode[am]^12.0=BarCode BarCodeValue[r]^12.0:s50 IsActive:b "
        "ClassRef[mr]^12.0:ref159 ParentRef:ref ClassRef[a]^12.0:ref159 Sublevel[r]:int "
        "ManufacturerPartNumber^7.0:s31 UnitOfMeasureSetRef^7.0:ref31 ForceUOMChange[m]^7.0:b "
-       "IsTaxIncluded[am]^6.0:b SalesTaxCodeRef:ref3 $SalesOrPurchase ExternalGUID[ar]^8.0:guid",
+       "IsTaxIncluded[am]^6.0%cua:b SalesTaxCodeRef:ref3 $SalesOrPurchase ExternalGUID[ar]^8.0:guid",
        "ClassFilter^12.0=ClassFilter", {}, {}, {ItemBarCode}},
       {22, "ItemOtherCharge", "Item", NameGroup::Items, Family::Item, "Name", kItem, " 3.0 ",
-       "$ItemHead IsTaxIncluded[am]^6.0:b SalesTaxCodeRef:ref3 $SalesOrPurchase $SpecialItem "
+       "$ItemHead IsTaxIncluded[am]^6.0%cua:b SalesTaxCodeRef:ref3 $SalesOrPurchase $SpecialItem "
        "ExternalGUID[ar]^8.0:guid",
        "ClassFilter^12.0=ClassFilter", {}, {}, {ItemBarCode}},
       {23, "ItemInventory", "Item", NameGroup::Items, Family::Item, "Name", kItem, "",
@@ -192,14 +209,15 @@ const std::vector<KindRow>& Rows() {
        "$InventoryVendor ReorderPoint:quan Max^13.0:quan "
        "QuantityOnHand[ar]:quan TotalValue[a]:amt InventoryDate[a]:d AverageCost[r]:price QuantityOnOrder[r]:quan "
        "QuantityOnSalesOrder[r]^2.0:quan ExternalGUID[ar]^8.0:guid",
-       "ClassFilter^12.0=ClassFilter", inventory, {}, {ItemBarCode, InventoryStart}},
+       "ClassFilter^12.0=ClassFilter", inventory, {}, {ItemBarCode, InventoryStart}, {}, stock},
       {24, "ItemInventoryAssembly", "Item", NameGroup::Items, Family::Item, "Name", kItem, "2.0 3.0 2.0",
        "$ItemHead ManufacturerPartNumber^12.0:s31 $Inventory $InventoryVendor BuildPoint:quan Max^13.0:quan "
        "QuantityOnHand[ar]:quan "
        "TotalValue[a]:amt InventoryDate[a]:d AverageCost[r]:price QuantityOnOrder[r]:quan "
        "QuantityOnSalesOrder[r]:quan ExternalGUID[ar]^8.0:guid "
        "(ClearItemsInGroup[m]!:b | ItemInventoryAssemblyLine*{ItemInventoryRef!:ref159 Quantity:quan})",
-       "ClassFilter^12.0=ClassFilter", inventory, {}, {ItemBarCode, InventoryStart}},
+       "ClassFilter^12.0=ClassFilter", inventory, {}, {ItemBarCode, InventoryStart, AssemblyComponents}, {}, stock,
+       {{"ItemInventoryRef", components}}},
       {25, "ItemFixedAsset", "Item", NameGroup::Items, Family::Item, "Name", kItem, "3.0 3.0 3.0",
        "$FlatItemHead ClassRef^12.0:ref159 AcquiredAs!:e(New|Old) PurchaseDesc!:s50 PurchaseDate!:d "
        "PurchaseCost:price VendorOrPayeeName:s50 AssetAccountRef:ref159 "
@@ -220,15 +238,16 @@ const std::vector<KindRow>& Rows() {
        "ClassFilter^12.0=ClassFilter", {}, {}, {ItemBarCode}},
       {29, "ItemSalesTax", "Item", NameGroup::Items, Family::Item, "Name", kItem, " 3.0 ",
        "$FlatItemHead ClassRef^12.0:ref159 ItemDesc:s4095 TaxRate:pct TaxVendorRef:ref41 "
-       "SalesTaxReturnLineRef[am]^8.0:ref ExternalGUID[ar]^8.0:guid",
+       "SalesTaxReturnLineRef[am]^8.0%cua:ref ExternalGUID[ar]^8.0:guid",
        "ClassFilter^12.0=ClassFilter", {{"TaxRate", "0.00"}}, {}, {ItemBarCode}},
       {30, "ItemSalesTaxGroup", "Item", NameGroup::Items, Family::Item, "Name", kItem, " 3.0 ",
-       "$FlatItemHead ItemDesc:s4095 ExternalGUID[ar]^8.0:guid ItemSalesTaxRef+:ref31", "", {}, {}, {ItemBarCode}},
+       "$FlatItemHead ItemDesc:s4095 ExternalGUID[ar]^8.0:guid ItemSalesTaxRef+:ref31", "", {}, {}, {ItemBarCode}, {},
+       {}, {{"ItemSalesTaxRef", {"ItemSalesTax"}}}},
       {31, "ItemGroup", "Item", NameGroup::Items, Family::Item, "Name", kItem, " 3.0 ",
        "$FlatItemHead ItemDesc:s4095 UnitOfMeasureSetRef^7.0:ref31 ForceUOMChange[m]^7.0:b IsPrintItemsInGroup:b "
        "$SpecialItem ExternalGUID[ar]^8.0:guid "
        "(ClearItemsInGroup[m]!:b | ItemGroupLine*{ItemRef:ref Quantity:quan UnitOfMeasure^7.0:s31})",
-       "", {{"IsPrintItemsInGroup", "false"}}, {}, {ItemBarCode}},
+       "", {{"IsPrintItemsInGroup", "false"}}, {}, {ItemBarCode}, {}, {}, {{"ItemRef", groupable}}},
       {40, "PriceLevel", "Price Level", NameGroup::Own, Family::None, "Name", kAdd | kMod | kDel, "4.0 4.0 4.0",
        "Name!:s31 IsActive:b PriceLevelType[r]:e(FixedPercentage|PerItem) (PriceLevelFixedPercentage!:pct | "
        "PriceLevelPerItem~R*{ItemRef!:ref (CustomPrice!:price | CustomPricePercent!:pct | "
@@ -331,7 +350,7 @@ void DeclareListKinds(DeclBuilder& b) {
               "ApplyAccountRefToExistingTxns[m]^7.0:b");
   b.Aggregate("SalesAndPurchase",
               "SalesDesc:s4095 SalesPrice:price IncomeAccountRef^m7.0:ref159 ApplyIncomeAccountRefToExistingTxns[m]^7.0:b "
-              "PurchaseDesc:s4095 PurchaseCost:price PurchaseTaxCodeRef[am]^6.0:ref3 ExpenseAccountRef^m7.0:ref159 "
+              "PurchaseDesc:s4095 PurchaseCost:price PurchaseTaxCodeRef[am]^6.0%cua:ref3 ExpenseAccountRef^m7.0:ref159 "
               "ApplyExpenseAccountRefToExistingTxns[m]^7.0:b PrefVendorRef:ref41");
   b.Enumeration("AccountType",
                 "AccountsPayable|AccountsReceivable|Bank|CostOfGoodsSold|CreditCard|Equity|Expense|FixedAsset|Income|"
@@ -399,7 +418,8 @@ std::vector<ListKind> BuildListKinds() {
     k.indexed = row.indexed;
     k.hooks = row.hooks;
     k.deleteGuards = row.deleteGuards;
-    k.rollsUpBalances = row.rollsUpBalances;
+    k.computed = row.computed;
+    k.refTargets = row.refTargets;
     for (std::size_t i = 0; i < std::size(kItemOrder); ++i)
       if (kItemOrder[i] == row.base) k.sortGroup = static_cast<int>(i);
     std::string base(k.base);
@@ -414,6 +434,8 @@ std::vector<ListKind> BuildListKinds() {
     if (row.flags & kMod) k.mod = ds.Named(k.modName);
     k.deletable = row.flags & kDel;
     k.hierarchical = k.ret->Child("ParentRef") && k.ret->Child("Sublevel");
+    for (auto& c : k.computed) k.computedSelect += (k.computedSelect.empty() ? "SELECT id, " : ", ") + c.sql;
+    if (!k.computedSelect.empty()) k.computedSelect += " FROM records WHERE id IN (SELECT value FROM json_each(?))";
     kinds.push_back(std::move(k));
   }
   return kinds;

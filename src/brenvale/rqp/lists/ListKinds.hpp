@@ -19,4 +19,9 @@ void AddListHandlers(HandlerTable& table);
 // Fills a new company file with the lists a new QuickBooks company has.
 void SeedStandardLists(Context& co);
 
+// Brings the records of a file made by an older engine up to date: their index rows and stored form
+// are rebuilt, and the totals files kept before the ledger (opening balances, the stock of
+// inventory) are posted as the opening balances they were, dated when their records were made.
+void RebuildRecords(Context& co);
+
 }  // namespace brenvale::rqp::detail

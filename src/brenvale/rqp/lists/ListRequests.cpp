@@ -3,6 +3,7 @@
 // records' columns and index rows, never the stored records.
 #include <algorithm>
 #include <climits>
+#include <unordered_map>
 #include <variant>
 
 #include "brenvale/rqp/lists/ListKinds.hpp"
@@ -35,12 +36,12 @@ std::string JsonList(const std::vector<std::string>& values) {
 
 void HandleAdd(Context& co, const Request& rq, Reply& reply, const ListKind& kind) {
   Record r = AddListRecord(co, kind, rq.node.child(kind.addName.c_str()));
-  WriteRecord(co, r.listId, r.ret, OptionsOf(rq.node, rq.version), reply.body);
+  WriteListRecord(co, r, OptionsOf(rq.node, rq.version), reply.body);
 }
 
 void HandleMod(Context& co, const Request& rq, Reply& reply, const ListKind& kind) {
   Record r = ModListRecord(co, kind, rq.node.child(kind.modName.c_str()));
-  WriteRecord(co, r.listId, r.ret, OptionsOf(rq.node, rq.version), reply.body);
+  WriteListRecord(co, r, OptionsOf(rq.node, rq.version), reply.body);
 }
 
 // The WHERE clause of a list query and its parameters.
@@ -86,7 +87,7 @@ std::vector<std::string> FilterTargets(Context& co, const Kinds& targets, pugi::
   return ids;
 }
 
-void BuildFilters(Context& co, pugi::xml_node rq, Query& q) {
+void BuildFilters(Context& co, const Kinds& kinds, pugi::xml_node rq, Query& q) {
   std::string active = "ActiveOnly";
   std::vector<std::string> accountTypes, paymentTypes;
   for (auto c : rq.children()) {
@@ -110,12 +111,15 @@ void BuildFilters(Context& co, pugi::xml_node rq, Query& q) {
       if (auto from = c.child("FromName")) q.Add("name_key >= ?", NameKey(from.text().get()));
       if (auto to = c.child("ToName")) q.Add("name_key <= ?", NameKey(to.text().get()) + "\xFF");
     } else if (n == "TotalBalanceFilter") {
+      // The balance with the sub-records' where the kind has one (a customer with its jobs).
       static const std::pair<std::string_view, const char*> ops[] = {
           {"LessThan", "<"}, {"LessThanEqual", "<="}, {"Equal", "="}, {"GreaterThan", ">"}, {"GreaterThanEqual", ">="}};
+      const std::string* total = kinds.front()->ComputedSql("TotalBalance");
+      if (!total) total = kinds.front()->ComputedSql("Balance");
       std::string op = c.child("Operator").text().get();
       for (auto [name, sql] : ops)
-        if (name == op)
-          q.Add(std::string("balance ") + sql + " ?",
+        if (name == op && total)
+          q.Add(*total + " " + sql + " ?",
                 static_cast<std::int64_t>(ParseDecimal(c.child("Amount").text().get()).value_or(0)));
     } else if (n == "CurrencyFilter") {
       q.Referring("CurrencyRef", FilterTargets(co, {KindByBase("Currency")}, c));
@@ -139,10 +143,27 @@ void BuildFilters(Context& co, pugi::xml_node rq, Query& q) {
   else if (active == "InactiveOnly") q.Add("is_active = 0");
 }
 
+// Writes the records of `rowIds` in order, a batch at a time: each batch read by one statement, and
+// what QuickBooks computes for it by one statement per kind.
 void WriteRows(Context& co, const std::vector<std::int64_t>& rowIds, const RetOptions& options, std::string& out) {
+  constexpr std::size_t kBatch = 500;
   FullNames names;
-  for (auto id : rowIds)
-    if (auto r = co.Data().ByRowId(id)) WriteRecord(co, r->listId, r->ret, options, out, &names);
+  const std::size_t start = out.size();
+  for (std::size_t from = 0; from < rowIds.size(); from += kBatch) {
+    std::vector<std::int64_t> batch(rowIds.begin() + static_cast<std::ptrdiff_t>(from),
+                                    rowIds.begin() + static_cast<std::ptrdiff_t>(std::min(rowIds.size(), from + kBatch)));
+    std::vector<Record> records = co.Data().ByRowIds(batch);
+    std::unordered_map<int, std::vector<std::int64_t>> byKind;
+    for (auto& r : records) byKind[r.kind].push_back(r.rowId);
+    ComputedValues values;
+    for (auto& [code, ids] : byKind)
+      if (const ListKind* kind = KindByCode(code)) values.merge(ComputeValues(co, *kind, ids));
+    for (auto& r : records) WriteListRecord(co, r, options, out, &names, &values);
+    // A long answer is given room at once, by the size of its first records: growing it step by
+    // step copies it over and over.
+    if (from == 0 && rowIds.size() > batch.size() && !batch.empty())
+      out.reserve(start + (out.size() - start) / batch.size() * rowIds.size() * 5 / 4);
+  }
 }
 
 void ContinueIteration(Context& co, const Request& rq, Reply& reply, const std::string& how) {
@@ -200,7 +221,7 @@ void HandleQuery(Context& co, const Request& rq, Reply& reply, const Kinds& kind
     }
   } else {
     Query q;
-    BuildFilters(co, node, q);
+    BuildFilters(co, kinds, node, q);
     // The kinds and name groups are the engine's own numbers: written into the statement, so that
     // SQLite picks the index that serves them (a handful of statement texts in all).
     std::string codes, groups;

@@ -36,6 +36,7 @@ void ResponseWriter::Add(pugi::xml_node request, int code, const std::string& me
     return;
   }
   out_ += ">\n";
+  out_.reserve(out_.size() + reply.body.size() + 2 * rsName.size() + 64);
   out_ += reply.body;
   out_ += "</" + rsName + ">\n";
 }

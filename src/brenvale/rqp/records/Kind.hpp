@@ -26,7 +26,9 @@ enum class NameGroup : int { Own = 0, Names = 1, Items = 2, Terms = 3 };
 enum class Family : int { None, Entity, Item, Terms };
 
 // What a hook sees of a record being added or modified: the Add or Mod body (`in`), the Ret
-// element after the body was merged into it (`ret`), and the row being written (`row`).
+// element after the body was merged into it (`ret`), and the row being written (`row`). When a
+// stored record is rebuilt after an upgrade of its file, `in` is the record itself and `rebuilding`
+// is set: hooks then derive what they derive, and neither refuse nor post.
 struct RecordChange {
   Context& co;
   const ListKind& kind;
@@ -34,12 +36,21 @@ struct RecordChange {
   pugi::xml_node in;
   pugi::xml_node ret;
   Record& row;
+  bool rebuilding = false;
 };
 
 // A kind's own rule, run after an Add or Mod body was merged. Throws StatusError to refuse.
 using ChangeHook = void (*)(RecordChange&);
 // A kind's own reason to refuse deleting a record (QuickBooks' message), or nothing.
 using DeleteGuard = std::optional<std::string> (*)(const Record&);
+
+// A Ret element QuickBooks computes rather than keeps (a balance, a quantity on hand): an SQL
+// expression over the record's row of `records`, evaluated whenever the record is answered. The
+// stored record holds the element empty, in its place; its declared type gives the number's form.
+struct Computed {
+  std::string_view element;
+  std::string sql;
+};
 
 struct ListKind {
   int code = 0;                  // stored in company files: never renumber
@@ -51,9 +62,12 @@ struct ListKind {
   std::vector<std::pair<std::string_view, std::string_view>> defaults;  // Ret children filled on add
   std::vector<std::string_view> indexed;  // Ret children kept as index rows for query filters
   int sortGroup = 0;               // where the kind sorts in a combined query (item kinds)
-  bool rollsUpBalances = false;    // TotalBalance is the record's balance plus its sub-records'
   std::vector<ChangeHook> hooks;
   std::vector<DeleteGuard> deleteGuards;
+  std::vector<Computed> computed;
+  // References whose targets differ for this kind from every other's ("ItemSalesTaxRef" of a sales
+  // tax group names sales tax items only): element, the kinds it may name.
+  std::vector<std::pair<std::string_view, std::vector<std::string_view>>> refTargets;
 
   // Derived from the declarations when the kinds are built.
   std::string retName, addName, modName, addRq, modRq, queryRq;
@@ -62,8 +76,12 @@ struct ListKind {
   const Decl* mod = nullptr;   // the XMod body, when QuickBooks has XModRq
   bool deletable = false;      // a ListDelType value
   bool hierarchical = false;   // has ParentRef and Sublevel
+  std::string computedSelect;  // "SELECT id, <computed...> FROM records WHERE id IN <a JSON array>"; empty
+                               // without any
 
   int GroupCode() const { return group == NameGroup::Own ? 100 + code : static_cast<int>(group); }
+  // The SQL of a computed element; nullptr when the kind does not compute it.
+  const std::string* ComputedSql(std::string_view element) const;
 };
 
 // The kinds, as the lists declare them (installed by the engine before any request is answered).

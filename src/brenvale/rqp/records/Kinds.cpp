@@ -20,6 +20,12 @@ const std::vector<ListKind>& KindRegistry::All() {
   return *Installed();
 }
 
+const std::string* ListKind::ComputedSql(std::string_view element) const {
+  for (auto& c : computed)
+    if (c.element == element) return &c.sql;
+  return nullptr;
+}
+
 const ListKind* KindByBase(std::string_view base) {
   for (auto& k : KindRegistry::All())
     if (k.base == base) return &k;
@@ -78,6 +84,12 @@ std::vector<const ListKind*> RefTargets(std::string_view ref, const ListKind* ow
       {"TemplateRef", {"Template"}},
   };
   std::vector<const ListKind*> out;
+  if (owner)
+    for (auto& [name, bases] : owner->refTargets)
+      if (name == ref) {
+        for (auto b : bases) out.push_back(KindByBase(b));
+        return out;
+      }
   if (ref == "ParentRef") {
     if (owner) out.push_back(owner);
     return out;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "brenvale/rqp/protocol/Text.hpp"
+#include "brenvale/rqp/records/Kind.hpp"
 #include "brenvale/rqp/schema/Declarations.hpp"
 
 namespace brenvale::rqp::detail {
@@ -50,7 +51,49 @@ std::string WithNames(Context& co, std::string_view ret, FullNames* names) {
   return out;
 }
 
+// The stored record with its computed elements' values in place of their empty elements.
+std::string WithComputed(const ListKind& kind, const Record& record, const std::vector<std::int64_t>& values) {
+  std::string ret = record.ret;
+  for (std::size_t i = 0; i < kind.computed.size() && i < values.size(); ++i) {
+    std::string element(kind.computed[i].element);
+    std::size_t at = ret.find("<" + element + "></" + element + ">");
+    const ChildRule* rule = kind.ret->Child(element);
+    if (at != std::string::npos && rule)
+      ret.insert(at + element.size() + 2, FormatNumber(Declarations::Get().At(rule->decl).type, values[i]));
+  }
+  return ret;
+}
+
 }  // namespace
+
+ComputedValues ComputeValues(Context& co, const ListKind& kind, const std::vector<std::int64_t>& rowIds) {
+  ComputedValues out;
+  if (kind.computedSelect.empty()) return out;
+  std::string ids = "[";
+  for (auto id : rowIds) ids += (ids.size() > 1 ? "," : "") + std::to_string(id);
+  auto& s = co.Data().Db().Prepare(kind.computedSelect);
+  s.Bind(1, ids + "]");
+  while (s.Step()) {
+    auto& values = out[s.Int(0)];
+    for (int col = 1; col <= static_cast<int>(kind.computed.size()); ++col) values.push_back(s.Int(col));
+  }
+  s.Reset();
+  return out;
+}
+
+void WriteListRecord(Context& co, const Record& record, const RetOptions& options, std::string& out, FullNames* names,
+                     const ComputedValues* values) {
+  const ListKind* kind = KindByCode(record.kind);
+  if (!kind || kind->computed.empty()) return WriteRecord(co, record.listId, record.ret, options, out, names);
+  ComputedValues own;
+  if (!values || !values->count(record.rowId)) {
+    own = ComputeValues(co, *kind, {record.rowId});
+    values = &own;
+  }
+  auto it = values->find(record.rowId);
+  WriteRecord(co, record.listId, it == values->end() ? record.ret : WithComputed(*kind, record, it->second), options,
+              out, names);
+}
 
 RetOptions OptionsOf(pugi::xml_node request, int version) {
   return RetOptions{ChildTexts(request, "IncludeRetElement"), ChildTexts(request, "OwnerID"), version};

@@ -1,5 +1,6 @@
 #pragma once
 // Records in responses: a stored Ret element written the way QuickBooks answers it.
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,6 +11,8 @@
 
 #include "brenvale/rqp/protocol/Text.hpp"
 #include "brenvale/rqp/records/Context.hpp"
+#include "brenvale/rqp/records/Kind.hpp"
+#include "brenvale/rqp/store/Store.hpp"
 
 namespace brenvale::rqp::detail {
 
@@ -39,6 +42,16 @@ using FullNames = std::unordered_map<std::string, std::optional<std::string>>;
 // of one answer (nothing may change between them).
 void WriteRecord(Context& co, std::string_view objectId, std::string_view ret, const RetOptions& options,
                  std::string& out, FullNames* names = nullptr);
+
+// What QuickBooks computes for records of one kind (balances, quantities on hand, from the ledger),
+// by row id: the values of the kind's computed elements in their order, for many records at once.
+using ComputedValues = std::unordered_map<std::int64_t, std::vector<std::int64_t>>;
+ComputedValues ComputeValues(Context& co, const ListKind& kind, const std::vector<std::int64_t>& rowIds);
+
+// Writes a list record as WriteRecord does, with what QuickBooks computes for its kind filled in:
+// from `values` when they were computed with other records', computed now otherwise.
+void WriteListRecord(Context& co, const Record& record, const RetOptions& options, std::string& out,
+                     FullNames* names = nullptr, const ComputedValues* values = nullptr);
 
 // Appends one DataExtRet element.
 void AppendDataExtRet(std::string& out, std::string_view owner, std::string_view name, std::string_view type,

@@ -187,11 +187,7 @@ void ApplyNames(Builder& b, pugi::xml_node ret, Record& r, const Record* old) {
   const ListKind& kind = b.kind;
   if (kind.nameField.empty()) return;
   std::string name = Text(ret.child(std::string(kind.nameField).c_str()));
-  std::string verb = b.isAdd ? "saving" : "modifying";
-  auto refuse = [&](int code, const std::string& why) {
-    throw StatusError{code, "There was an error when " + verb + " a " + std::string(kind.label) + " list, element " +
-                                Quote(name) + ".  QuickBooks error message: " + why};
-  };
+  auto refuse = [&](int code, const std::string& why) { throw ListError(kind, b.isAdd, name, code, why); };
   if (Trim(name).empty()) refuse(3180, "The name of the list element cannot be blank.");
   if (name.find(':') != std::string::npos) refuse(3180, "The name of the list element cannot contain a colon (:).");
   std::string fullName = name;
@@ -231,22 +227,6 @@ void Patch(Context& co, Record r, Edit edit) {
   edit(r, doc.first_child());
   r.ret = StoreText(doc.first_child());
   co.Data().Update(r);
-}
-
-void RecomputeTotals(Context& co, std::string listId) {
-  while (!listId.empty()) {
-    auto rec = co.Data().ById(listId);
-    if (!rec) return;
-    const ListKind* k = KindByCode(rec->kind);
-    if (!k || !k->rollsUpBalances) return;
-    Patch(co, *rec, [&](Record& r, pugi::xml_node ret) {
-      long long total = Amount(ret.child("Balance")).value_or(0);
-      for (auto& child : co.Data().Children(r.listId)) total += child.balance;
-      r.balance = total;
-      SetChild(ret, "TotalBalance", FormatAmount(total));
-    });
-    listId = rec->parentId;
-  }
 }
 
 // After a record's full name changed: its sub-records' full names and levels. Records that refer to
@@ -310,6 +290,15 @@ void FillAddressBlocks(const Decl& retDecl, pugi::xml_node ret) {
   }
 }
 
+// What QuickBooks computes is kept as an empty element in its place, filled when it is answered.
+void Placeholders(const ListKind& kind, pugi::xml_node ret) {
+  for (auto& c : kind.computed) {
+    std::string name(c.element);
+    while (auto e = ret.child(name.c_str())) ret.remove_child(e);
+    ret.append_child(name.c_str());
+  }
+}
+
 void ApplyDefaults(Context& co, const ListKind& kind, pugi::xml_node ret) {
   if (kind.ret->Child("IsActive") && !ret.child("IsActive")) ret.append_child("IsActive").text().set("true");
   for (auto [name, value] : kind.defaults) {
@@ -319,28 +308,17 @@ void ApplyDefaults(Context& co, const ListKind& kind, pugi::xml_node ret) {
   }
 }
 
-void RunHooks(Builder& b, pugi::xml_node in, pugi::xml_node ret, Record& r) {
+void RunHooks(Builder& b, pugi::xml_node in, pugi::xml_node ret, Record& r, bool rebuilding = false) {
   r.sortGroup = b.kind.sortGroup;
-  RecordChange change{b.co, b.kind, b.isAdd, in, ret, r};
+  RecordChange change{b.co, b.kind, b.isAdd, in, ret, r, rebuilding};
   for (ChangeHook hook : b.kind.hooks) hook(change);
 }
 
 Record Finish(Builder& b, pugi::xml_node ret, Record r, const Record* old) {
   FillAddressBlocks(*b.kind.ret, ret);
+  Placeholders(b.kind, ret);
   Canonicalize(b, *b.kind.ret, ret);
   r.active = Text(ret.child("IsActive")) != "false";
-  if (b.kind.rollsUpBalances) {
-    long long total = Amount(ret.child("Balance")).value_or(0);
-    if (old)
-      for (auto& child : b.co.Data().Children(r.listId)) total += child.balance;
-    r.balance = total;
-    if (b.kind.ret->Child("TotalBalance")) {
-      SetChild(ret, "TotalBalance", FormatAmount(total));
-      Canonicalize(b, *b.kind.ret, ret);
-    }
-  } else if (auto bal = Amount(ret.child("Balance"))) {
-    r.balance = *bal;
-  }
   r.ret = StoreText(ret);
   if (old) b.co.Data().Update(r);
   else b.co.Data().Insert(r);
@@ -349,6 +327,12 @@ Record Finish(Builder& b, pugi::xml_node ret, Record r, const Record* old) {
 }
 
 }  // namespace
+
+StatusError ListError(const ListKind& kind, bool isAdd, std::string_view name, int code, std::string_view why) {
+  return StatusError{code, std::string("There was an error when ") + (isAdd ? "saving" : "modifying") + " a " +
+                               std::string(kind.label) + " list, element " + Quote(name) +
+                               ".  QuickBooks error message: " + std::string(why)};
+}
 
 void SetChild(pugi::xml_node parent, const char* name, const std::string& value) {
   auto e = parent.child(name);
@@ -398,18 +382,16 @@ Record AddListRecord(Context& co, const ListKind& kind, pugi::xml_node add,
   Record r;
   r.kind = kind.code;
   r.nameGroup = kind.GroupCode();
-  RunHooks(b, add, ret, r);
-  ApplyNames(b, ret, r, nullptr);
-  r.listId = co.NewListId();
+  r.listId = co.NewListId();  // before the hooks, which may post for the record
   r.timeCreated = r.timeModified = co.Now();
   r.editSequence = co.NextEditSequence();
   SetChild(ret, "ListID", r.listId);
   SetChild(ret, "TimeCreated", co.NowText());
   SetChild(ret, "TimeModified", co.NowText());
   SetChild(ret, "EditSequence", r.editSequence);
-  Record out = Finish(b, ret, std::move(r), nullptr);
-  if (kind.rollsUpBalances && !out.parentId.empty()) RecomputeTotals(co, out.parentId);
-  return out;
+  RunHooks(b, add, ret, r);
+  ApplyNames(b, ret, r, nullptr);
+  return Finish(b, ret, std::move(r), nullptr);
 }
 
 Record ModListRecord(Context& co, const ListKind& kind, pugi::xml_node mod) {
@@ -434,10 +416,6 @@ Record ModListRecord(Context& co, const ListKind& kind, pugi::xml_node mod) {
   Record out = Finish(b, ret, std::move(r), &*old);
   if (out.fullName != old->fullName) Renamed(co, out);
   if (old->active && !out.active && kind.hierarchical) Deactivated(co, out);
-  if (kind.rollsUpBalances && (out.balance != old->balance || out.parentId != old->parentId)) {
-    RecomputeTotals(co, old->parentId);
-    RecomputeTotals(co, out.parentId);
-  }
   return out;
 }
 
@@ -455,7 +433,6 @@ DeletedRecord DeleteListRecord(Context& co, const ListKind& kind, std::string_vi
   co.Data().Delete(*r);
   DeletedRecord d{std::string(kind.base), r->listId, r->fullName, r->timeCreated, co.Now()};
   co.Data().AddDeleted(kind.code, d);
-  if (kind.rollsUpBalances) RecomputeTotals(co, r->parentId);
   return d;
 }
 
@@ -476,7 +453,8 @@ void ReindexRecords(Context& co) {
     Builder b{co, *kind, false};
     ApplyDefaults(co, *kind, ret);
     Record row = *r;
-    RunHooks(b, ret, ret, row);
+    RunHooks(b, ret, ret, row, true);
+    Placeholders(*kind, ret);
     Canonicalize(b, *kind->ret, ret);
     row.ret = StoreText(ret);
     co.Data().Update(row);

@@ -9,6 +9,7 @@
 
 #include <pugixml.hpp>
 
+#include "brenvale/rqp/protocol/Status.hpp"
 #include "brenvale/rqp/records/Context.hpp"
 #include "brenvale/rqp/records/Kind.hpp"
 
@@ -26,6 +27,10 @@ DeletedRecord DeleteListRecord(Context& co, const ListKind& kind, std::string_vi
 // A record of one of `kinds`, found by ListID or by full name; nullopt when there is none.
 std::optional<Record> FindById(Context& co, const std::vector<const ListKind*>& kinds, std::string_view listId);
 std::optional<Record> FindByName(Context& co, const std::vector<const ListKind*>& kinds, std::string_view fullName);
+
+// QuickBooks' refusal of a record it cannot save (an Add) or modify: "There was an error when saving
+// a Customer list, element "Acme".  QuickBooks error message: " and its reason.
+StatusError ListError(const ListKind& kind, bool isAdd, std::string_view name, int code, std::string_view why);
 
 // Sets (or with an empty value removes) a simple child of a Ret element being built; the machinery
 // puts the children in declared order afterwards.

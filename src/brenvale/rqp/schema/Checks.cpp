@@ -15,14 +15,14 @@ namespace {
 Problem Structure(std::string message) { return Problem{Problem::Kind::Structure, 0, std::move(message)}; }
 
 // Checks one element and everything below it; value problems go to `firstValue`.
-Problem CheckTree(const Decl& decl, pugi::xml_node node, int version, Problem& firstValue);
+Problem CheckTree(const Decl& decl, pugi::xml_node node, int version, unsigned edition, Problem& firstValue);
 
 // Matches the element children of one element against its content model. qbXML's content models
 // are deterministic (every choice is decided by the next child's name), so one greedy pass decides.
 class Matcher {
  public:
-  Matcher(const Decl& decl, pugi::xml_node node, int version, Problem& firstValue)
-      : decl_(decl), version_(version), firstValue_(firstValue) {
+  Matcher(const Decl& decl, pugi::xml_node node, int version, unsigned edition, Problem& firstValue)
+      : decl_(decl), version_(version), edition_(edition), firstValue_(firstValue) {
     for (auto c : node.children())
       if (c.type() == pugi::node_element) kids_.push_back(c);
   }
@@ -37,13 +37,16 @@ class Matcher {
   const Declarations& ds_ = Declarations::Get();
   const Decl& decl_;
   int version_;
+  unsigned edition_;
   Problem& firstValue_;
   std::vector<pugi::xml_node> kids_;
   std::size_t pos_ = 0;
   Problem problem_;
 
   const std::string& NameOf(const Particle& p) const { return ds_.At(p.decl).name; }
-  bool Present(const Particle& p) const { return p.minVersion <= version_; }
+  bool Present(const Particle& p) const {
+    return p.minVersion <= version_ && (p.editions == 0 || (p.editions & edition_) != 0);
+  }
 
   // Whether `p` (one occurrence of it) can start with an element called `name`.
   bool Starts(const Particle& p, std::string_view name) const {
@@ -120,7 +123,7 @@ class Matcher {
   bool MatchOnce(const Particle& p) {
     switch (p.kind) {
       case Particle::Kind::Element: {
-        Problem inner = CheckTree(ds_.At(p.decl), kids_[pos_], version_, firstValue_);
+        Problem inner = CheckTree(ds_.At(p.decl), kids_[pos_], version_, edition_, firstValue_);
         if (inner) return Fail(std::move(inner));
         ++pos_;
         return true;
@@ -146,6 +149,9 @@ class Matcher {
     if (rule->minVersion > version_)
       return Structure("Element " + Quote(name) + " of " + Quote(decl_.name) + " is not in qbXML " +
                        VersionText(version_) + "; it came with " + VersionText(rule->minVersion) + ".");
+    if (rule->editions != 0 && (rule->editions & edition_) == 0)
+      return Structure("Element " + Quote(name) + " of " + Quote(decl_.name) + " is not in " + EditionName(edition_) +
+                       ".");
     long seen = std::count_if(kids_.begin(), kids_.begin() + static_cast<std::ptrdiff_t>(pos_),
                               [&](pugi::xml_node k) { return name == k.name(); });
     if (rule->maxCount >= 0 && seen >= rule->maxCount)
@@ -155,7 +161,7 @@ class Matcher {
   }
 };
 
-Problem CheckTree(const Decl& decl, pugi::xml_node node, int version, Problem& firstValue) {
+Problem CheckTree(const Decl& decl, pugi::xml_node node, int version, unsigned edition, Problem& firstValue) {
   if (!decl.IsComplex()) {
     for (auto c : node.children())
       if (c.type() == pugi::node_element)
@@ -172,18 +178,18 @@ Problem CheckTree(const Decl& decl, pugi::xml_node node, int version, Problem& f
   for (auto c : node.children())
     if ((c.type() == pugi::node_pcdata || c.type() == pugi::node_cdata) && !Trim(c.value()).empty())
       return Structure("Element " + Quote(decl.name) + " cannot hold text.");
-  return Matcher(decl, node, version, firstValue).Run();
+  return Matcher(decl, node, version, edition, firstValue).Run();
 }
 
 }  // namespace
 
-Problem CheckElement(const Decl& decl, pugi::xml_node node, int version) {
+Problem CheckElement(const Decl& decl, pugi::xml_node node, int version, unsigned edition) {
   Problem value;
-  Problem structure = CheckTree(decl, node, version, value);
+  Problem structure = CheckTree(decl, node, version, edition, value);
   return structure ? structure : value;
 }
 
-Problem CheckRequest(const Decl& decl, pugi::xml_node request, int version, bool relaxOrder) {
+Problem CheckRequest(const Decl& decl, pugi::xml_node request, int version, unsigned edition, bool relaxOrder) {
   if (int since = Declarations::Get().RequestVersion(decl.name); since > version)
     return Structure("Request " + Quote(decl.name) + " is not in qbXML " + VersionText(version) + "; it came with " +
                      VersionText(since) + ".");
@@ -202,7 +208,7 @@ Problem CheckRequest(const Decl& decl, pugi::xml_node request, int version, bool
       return Structure("Attribute \"iterator\" has the invalid value " + Quote(value) + ".");
   }
   if (relaxOrder) OrderChildren(decl, request);
-  return CheckElement(decl, request, version);
+  return CheckElement(decl, request, version, edition);
 }
 
 void OrderChildren(const Decl& decl, pugi::xml_node node,

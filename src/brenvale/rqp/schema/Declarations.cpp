@@ -49,6 +49,7 @@ void Walker::Walk(const Particle& p, std::vector<std::pair<int, int>>& path, boo
       rule.order = order++;
       rule.maxCount = Multiply(mult, p.maxOccurs);
       rule.minVersion = p.minVersion;
+      rule.editions = p.editions;
       rule.required = required && p.minOccurs >= 1;
       rule.path = path;
       d.childIndex.emplace(all[static_cast<std::size_t>(p.decl)].name, static_cast<int>(d.children.size()));
@@ -156,6 +157,20 @@ struct DeclBuilder::Parser {
     return mine >= 0 ? mine : all;
   }
 
+  // Reads a "%cua" editions suffix into a set of Edition bits; 0 when there is none.
+  static unsigned Editions(std::string_view s, std::size_t& pos) {
+    if (pos >= s.size() || s[pos] != '%') return 0;
+    unsigned set = 0;
+    for (++pos; pos < s.size() && std::islower(static_cast<unsigned char>(s[pos])); ++pos) {
+      static constexpr std::pair<char, unsigned> letters[] = {
+          {'d', kEditionUS}, {'c', kEditionCA}, {'u', kEditionUK}, {'a', kEditionAU}, {'o', kEditionOnline}};
+      auto it = std::find_if(std::begin(letters), std::end(letters), [&](auto& l) { return l.first == s[pos]; });
+      if (it == std::end(letters)) Bad("unknown edition", s, pos);
+      set |= it->second;
+    }
+    return set;
+  }
+
   // Reads an occurrence suffix into min/max.
   void Occurs(std::string_view s, std::size_t& pos, Particle& p) {
     p.minOccurs = 0;
@@ -241,6 +256,7 @@ struct DeclBuilder::Parser {
       Particle p;
       p.kind = Particle::Kind::Element;
       p.minVersion = Version(s, pos);
+      p.editions = Editions(s, pos);
       Occurs(s, pos, p);
       if (depth == 0 && variant == 'm') p.minOccurs = 0;
       bool included = variant == 0 || flags.find(variant) != std::string::npos;
@@ -378,6 +394,22 @@ const Decl* Declarations::SubscriptionRequest(std::string_view name) const { ret
 int Declarations::RequestVersion(std::string_view name) const {
   auto it = requestVersions_.find(std::string(name));
   return it == requestVersions_.end() ? 0 : it->second;
+}
+
+unsigned EditionOf(std::string_view country) {
+  if (country == "CA") return kEditionCA;
+  if (country == "UK") return kEditionUK;
+  return kEditionUS;
+}
+
+std::string EditionName(unsigned edition) {
+  switch (edition) {
+    case kEditionCA: return "QuickBooks Desktop (Canada)";
+    case kEditionUK: return "QuickBooks Desktop (UK)";
+    case kEditionAU: return "QuickBooks Desktop (Australia)";
+    case kEditionOnline: return "QuickBooks Online";
+    default: return "QuickBooks Desktop (US)";
+  }
 }
 
 bool Decl::HasAttribute(std::string_view attribute) const {

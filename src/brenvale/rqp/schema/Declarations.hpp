@@ -12,6 +12,9 @@
 //     ~M ~R    named Name+"Mod" in the Mod variant, Name+"Ret" in the Ret variant
 //     ^V       brought by qbXML version V ("^12.0", "^2.1"); older requests do not have it;
 //              ^aV ^mV ^rV give the version of one variant where it differs ("^m3.0")
+//     %E       only the editions E of QuickBooks have it in a request: d the US desktop, c the
+//              Canadian, u the UK and a the Australian one, o the online edition ("%cua"); a
+//              request to any other edition holding it is refused whole
 //     ? * *N + !   occurrence: optional (the default), any number, up to N, one or more, required
 //                  (a required field of a Mod body's top level is optional there)
 //     :type    s (string) or sN (at most N characters), id, b, d, dt, ti, amt, price, quan, pct,
@@ -44,6 +47,7 @@ struct Particle {
   int maxOccurs = 1;    // -1: unbounded
   int decl = -1;        // Element
   int minVersion = 0;   // Element: the qbXML version that brought it, in tenths (0: every version)
+  unsigned editions = 0;  // Element: the editions that have it (Edition bits; 0: every edition)
   std::vector<Particle> items;  // Choice: one Sequence per alternative; Sequence: its particles
 };
 
@@ -53,6 +57,7 @@ struct ChildRule {
   int order = 0;            // position in declared order
   int maxCount = 1;         // -1: unbounded
   int minVersion = 0;       // the qbXML version that brought it, in tenths
+  unsigned editions = 0;    // the editions that have it (Edition bits; 0: every edition)
   bool required = false;    // required whenever every choice on its path takes its branch
   std::vector<std::pair<int, int>> path;  // (choice number, alternative) from the outside in
 };
@@ -142,6 +147,13 @@ class DeclBuilder {
 // extension values); declared first.
 void DeclareShared(DeclBuilder& b);
 
+// The editions of QuickBooks, as bits of a set.
+enum Edition : unsigned { kEditionUS = 1, kEditionCA = 2, kEditionUK = 4, kEditionAU = 8, kEditionOnline = 16 };
+// The edition of a desktop QuickBooks of `country` ("US", "CA", "UK").
+unsigned EditionOf(std::string_view country);
+// How messages name an edition: "QuickBooks Desktop (US)".
+std::string EditionName(unsigned edition);
+
 // Problems found in a request element.
 struct Problem {
   enum class Kind { None, Structure, Value };
@@ -151,17 +163,18 @@ struct Problem {
   explicit operator bool() const { return kind != Kind::None; }
 };
 
-// Checks `node` against `decl` for a request of qbXML `version` (tenths): children in declared
-// order, as often as declared, one branch of each choice, nothing the version does not have, and
-// simple values of their types (rewritten to their canonical text). A structural problem (what
-// QuickBooks' parser refuses) is returned at once; otherwise the first value problem, if any.
-Problem CheckElement(const Decl& decl, pugi::xml_node node, int version);
+// Checks `node` against `decl` for a request of qbXML `version` (tenths) to QuickBooks of `edition`:
+// children in declared order, as often as declared, one branch of each choice, nothing the version
+// or the edition does not have, and simple values of their types (rewritten to their canonical
+// text). A structural problem (what QuickBooks' parser refuses) is returned at once; otherwise the
+// first value problem, if any.
+Problem CheckElement(const Decl& decl, pugi::xml_node node, int version, unsigned edition = kEditionUS);
 
 // Checks a request element as QuickBooks' parser does: that qbXML `version` has the request, its
 // attributes (requestID everywhere; metaData, iterator and iteratorID where declared) and their
 // values, and its content as CheckElement does, after putting the children in declared order when
 // `relaxOrder`. A structural problem refuses the document; a value problem is the request's status.
-Problem CheckRequest(const Decl& decl, pugi::xml_node request, int version, bool relaxOrder);
+Problem CheckRequest(const Decl& decl, pugi::xml_node request, int version, unsigned edition, bool relaxOrder);
 
 // Puts the children of `node` (and of its complex children) in declared order. `visit` is called on
 // every complex element, before its children are ordered.
@@ -178,6 +191,8 @@ Problem CheckValue(const Decl& decl, std::string& text);
 // others as short as possible. `value` is in hundred-thousandths.
 std::string FormatAmount(long long value);
 std::string FormatDecimal(long long hundredThousandths, int minDecimals);
+// The canonical text of a number of type `type` (Amt, Price, Pct, Quan, Float), in hundred-thousandths.
+std::string FormatNumber(VType type, long long value);
 // Parses decimal text into hundred-thousandths (five decimals, rounded half away from zero).
 std::optional<long long> ParseDecimal(std::string_view text);
 

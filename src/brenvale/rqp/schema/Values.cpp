@@ -61,6 +61,11 @@ std::string FormatAmount(long long value) {
   return FormatDecimal(rounded, 2);
 }
 
+std::string FormatNumber(VType type, long long value) {
+  if (type == VType::Amt) return FormatAmount(value);
+  return FormatDecimal(value, type == VType::Price || type == VType::Pct ? 2 : 0);
+}
+
 namespace {
 
 Problem ValueProblem(int status, std::string message) {
@@ -238,9 +243,7 @@ Problem CheckValue(const Decl& decl, std::string& text) {
       auto v = ParseDecimal(t);
       const char* what = decl.type == VType::Quan ? "quantity" : decl.type == VType::Pct ? "percent" : "amount";
       if (!v) return conversion(3040, what);
-      text = decl.type == VType::Amt                               ? FormatAmount(*v)
-             : decl.type == VType::Price || decl.type == VType::Pct ? FormatDecimal(*v, 2)
-                                                                    : FormatDecimal(*v, 0);
+      text = FormatNumber(decl.type, *v);
       return {};
     }
     case VType::Int: {

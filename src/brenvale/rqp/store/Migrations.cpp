@@ -79,7 +79,33 @@ CREATE INDEX record_values_by_field_value ON record_values (field, value);
 INSERT INTO meta (key, value) VALUES ('reindex', '1') ON CONFLICT (key) DO UPDATE SET value = excluded.value;
 )SQL";
 
-constexpr const char* kSteps[] = {kVersion1, kVersion2};
+// Version 3: the ledger. Every amount a transaction moves is a posting; balances are sums over
+// them, so records keep no totals. Older files kept opening balances as totals in their records;
+// the engine posts them as the opening balances they were when it opens such a file.
+constexpr const char* kVersion3 = R"SQL(
+CREATE TABLE postings (
+  id INTEGER PRIMARY KEY,
+  txn_type TEXT NOT NULL,    -- with txn_id, the transaction that posted it: "OpeningBalance", "Invoice"
+  txn_id TEXT NOT NULL,
+  line INTEGER NOT NULL,     -- its place among the transaction's postings
+  date TEXT NOT NULL,        -- "2024-01-31"
+  account TEXT NOT NULL,     -- the account's ListID
+  amount INTEGER NOT NULL,   -- hundred-thousandths; debits positive, credits negative
+  quantity INTEGER,          -- stock moved in (positive) or out, hundred-thousandths; NULL when none moves
+  entity TEXT NOT NULL DEFAULT '',  -- ListIDs of the customer, vendor, employee or other name,
+  item TEXT NOT NULL DEFAULT '',    -- the item and the class it is for
+  class TEXT NOT NULL DEFAULT '');
+CREATE INDEX postings_by_txn ON postings (txn_type, txn_id);
+CREATE INDEX postings_by_account ON postings (account, date);
+CREATE INDEX postings_by_entity ON postings (entity, account);
+CREATE INDEX postings_by_item ON postings (item);
+CREATE INDEX postings_by_class ON postings (class);
+ALTER TABLE records DROP COLUMN balance;
+INSERT INTO meta (key, value) VALUES ('reindex', '1') ON CONFLICT (key) DO UPDATE SET value = excluded.value;
+INSERT INTO meta (key, value) VALUES ('post stored totals', '1') ON CONFLICT (key) DO UPDATE SET value = excluded.value;
+)SQL";
+
+constexpr const char* kSteps[] = {kVersion1, kVersion2, kVersion3};
 static_assert(std::size(kSteps) == Store::kSchemaVersion);
 
 void RunSteps(Database& db, int from, int to) {
@@ -132,6 +158,8 @@ bool Store::Migrate() {
 
 bool Store::NeedsReindex() { return Meta("reindex") == "1"; }
 
-void Store::Reindexed() { db_.Prepare("DELETE FROM meta WHERE key='reindex'").Run(); }
+void Store::Reindexed() { db_.Prepare("DELETE FROM meta WHERE key IN ('reindex', 'post stored totals')").Run(); }
+
+bool Store::HoldsStoredTotals() { return Meta("post stored totals") == "1"; }
 
 }  // namespace brenvale::rqp::detail

@@ -1,5 +1,7 @@
 #include "brenvale/rqp/store/Store.hpp"
 
+#include <unordered_map>
+
 namespace brenvale::rqp::detail {
 Store::Store(const std::string& path) : db_(path, false) {
   try {
@@ -13,6 +15,10 @@ Store::Store(const std::string& path) : db_(path, false) {
     throw CompanyFileError("made by a newer company engine (company file version " + std::to_string(version_) + ")");
   db_.Exec("PRAGMA journal_mode=WAL");
   db_.Exec("PRAGMA synchronous=NORMAL");
+  // Each request runs in a savepoint, whose journal of the pages it changes would otherwise be a
+  // temporary file written page by page: in memory, a message of many requests writes nothing
+  // until it commits.
+  db_.Exec("PRAGMA temp_store=MEMORY");
 }
 
 std::optional<std::string> Store::Meta(std::string_view key) {
@@ -54,8 +60,7 @@ Record Store::Read(const Statement& s) {
   r.timeModified = s.Int(10);
   r.editSequence = s.Text(11);
   r.sortGroup = static_cast<int>(s.Int(12));
-  r.balance = s.Int(13);
-  r.ret = s.Text(14);
+  r.ret = s.Text(13);
   return r;
 }
 
@@ -80,6 +85,25 @@ std::optional<Record> Store::ByRowId(std::int64_t rowId) {
   return One(s);
 }
 
+std::vector<Record> Store::ByRowIds(const std::vector<std::int64_t>& rowIds) {
+  std::string ids = "[";
+  for (auto id : rowIds) ids += (ids.size() > 1 ? "," : "") + std::to_string(id);
+  auto& s = db_.Prepare(std::string("SELECT ") + kRecordColumns +
+                        " FROM records WHERE id IN (SELECT value FROM json_each(?))");
+  s.Bind(1, ids + "]");
+  std::unordered_map<std::int64_t, Record> found;
+  while (s.Step()) {
+    Record r = Read(s);
+    found.emplace(r.rowId, std::move(r));
+  }
+  s.Reset();
+  std::vector<Record> out;
+  out.reserve(rowIds.size());
+  for (auto id : rowIds)
+    if (auto it = found.find(id); it != found.end()) out.push_back(std::move(it->second));
+  return out;
+}
+
 std::optional<Record> Store::ByName(int nameGroup, std::string_view nameKey) {
   auto& s = db_.Prepare(std::string("SELECT ") + kRecordColumns +
                         " FROM records WHERE name_group=? AND name_key=? AND name_key<>''");
@@ -100,12 +124,12 @@ std::vector<Record> Store::Children(std::string_view parentId) {
 void Store::Insert(Record& r) {
   auto& s = db_.Prepare(
       "INSERT INTO records(list_id, kind, name_group, full_name, name_key, parent_id, sublevel, is_active, "
-      "time_created, time_modified, edit_sequence, sort_group, balance, ret) "
-      "VALUES(?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
+      "time_created, time_modified, edit_sequence, sort_group, ret) "
+      "VALUES(?,?,?,?,?,?,?,?,?,?,?,?,?)");
   s.Bind(1, r.listId).Bind(2, std::int64_t{r.kind}).Bind(3, std::int64_t{r.nameGroup}).Bind(4, r.fullName);
   s.Bind(5, r.nameKey).Bind(6, r.parentId).Bind(7, std::int64_t{r.sublevel}).Bind(8, std::int64_t{r.active});
   s.Bind(9, r.timeCreated).Bind(10, r.timeModified).Bind(11, r.editSequence).Bind(12, std::int64_t{r.sortGroup});
-  s.Bind(13, r.balance).Bind(14, r.ret);
+  s.Bind(13, r.ret);
   s.Run();
   r.rowId = db_.LastInsertId();
 }
@@ -113,10 +137,10 @@ void Store::Insert(Record& r) {
 void Store::Update(const Record& r) {
   auto& s = db_.Prepare(
       "UPDATE records SET full_name=?, name_key=?, parent_id=?, sublevel=?, is_active=?, time_modified=?, "
-      "edit_sequence=?, sort_group=?, balance=?, ret=? WHERE id=?");
+      "edit_sequence=?, sort_group=?, ret=? WHERE id=?");
   s.Bind(1, r.fullName).Bind(2, r.nameKey).Bind(3, r.parentId).Bind(4, std::int64_t{r.sublevel});
   s.Bind(5, std::int64_t{r.active}).Bind(6, r.timeModified).Bind(7, r.editSequence);
-  s.Bind(8, std::int64_t{r.sortGroup}).Bind(9, r.balance).Bind(10, r.ret).Bind(11, r.rowId);
+  s.Bind(8, std::int64_t{r.sortGroup}).Bind(9, r.ret).Bind(10, r.rowId);
   s.Run();
 }
 
@@ -152,9 +176,14 @@ void Store::SetIndex(std::int64_t rowId, const FieldValues& references, const Fi
 }
 
 bool Store::InUse(std::string_view listId, std::int64_t except) {
-  auto& s = db_.Prepare("SELECT 1 FROM refs WHERE target=? AND source<>? LIMIT 1");
+  // One probe per index: a record's reference, or a posting to the account, for the entity, the
+  // item or the class.
+  auto& s = db_.Prepare(
+      "SELECT EXISTS (SELECT 1 FROM refs WHERE target=?1 AND source<>?2) "
+      "OR EXISTS (SELECT 1 FROM postings WHERE account=?1) OR EXISTS (SELECT 1 FROM postings WHERE entity=?1) "
+      "OR EXISTS (SELECT 1 FROM postings WHERE item=?1) OR EXISTS (SELECT 1 FROM postings WHERE class=?1)");
   s.Bind(1, listId).Bind(2, except);
-  bool used = s.Step();
+  bool used = s.Step() && s.Int(0) != 0;
   s.Reset();
   return used;
 }

@@ -1,7 +1,7 @@
 #pragma once
 // The company file: one SQLite database holding every list record as its canonical Ret element plus
 // the columns and index rows queries filter and sort on (references by field, indexed values), the
-// deleted-record traces, data extensions and the company's own facts. Its tables carry a schema
+// deleted-record traces, data extensions, the ledger's postings and the company's own facts. Its tables carry a schema
 // version; opening a file made by an older engine brings it up to date (Migrate), so the company
 // files users already have keep working as new tables arrive.
 #include <cstdint>
@@ -36,8 +36,8 @@ struct Record {
   std::int64_t timeModified = 0;
   std::string editSequence;
   int sortGroup = 0;              // where the record sorts before its name (account types, item kinds)
-  std::int64_t balance = 0;       // hundred-thousandths; TotalBalance for the lists that have it
-  std::string ret;                // canonical Ret element; references hold their ListID only
+  std::string ret;                // canonical Ret element; references hold their ListID only; what
+                                  // QuickBooks computes (balances) is an empty element, filled when written
 };
 
 struct DeletedRecord {
@@ -62,7 +62,7 @@ using FieldValues = std::vector<std::pair<std::string, std::string>>;
 class Store {
  public:
   // The schema version this engine writes.
-  static constexpr int kSchemaVersion = 2;
+  static constexpr int kSchemaVersion = 3;
 
   // Opens an existing company file. Throws CompanyFileError when the file is not a company file or
   // was made by a newer engine, SqliteError when it cannot be read. Changes nothing.
@@ -79,6 +79,9 @@ class Store {
   // them); Reindexed() says they were.
   bool NeedsReindex();
   void Reindexed();
+  // Whether the records still hold the totals a file kept before the ledger (balances, quantities
+  // on hand), to be posted as opening balances before the records are rebuilt. Reindexed() clears it.
+  bool HoldsStoredTotals();
 
   // Company-wide values (counters, company and preferences elements).
   std::optional<std::string> Meta(std::string_view key);
@@ -88,6 +91,8 @@ class Store {
 
   std::optional<Record> ById(std::string_view listId);
   std::optional<Record> ByRowId(std::int64_t rowId);
+  // The records of `rowIds` in that order (those no longer there left out), read by one statement.
+  std::vector<Record> ByRowIds(const std::vector<std::int64_t>& rowIds);
   std::optional<Record> ByName(int nameGroup, std::string_view nameKey);
   std::vector<Record> Children(std::string_view parentId);
   // Every record's row id, in storage order (for rebuilding index rows).
@@ -98,7 +103,7 @@ class Store {
 
   // A record's references and indexed values, replaced as a whole (`fresh`: it has none yet).
   void SetIndex(std::int64_t rowId, const FieldValues& references, const FieldValues& values, bool fresh = false);
-  // Whether any record other than `except` refers to `listId`.
+  // Whether any record other than `except`, or any posting, refers to `listId`.
   bool InUse(std::string_view listId, std::int64_t except);
 
   void AddDeleted(int kind, const DeletedRecord& d);
@@ -111,7 +116,7 @@ class Store {
   static Record Read(const Statement& s);
   static constexpr const char* kRecordColumns =
       "id, list_id, kind, name_group, full_name, name_key, parent_id, sublevel, is_active, time_created, "
-      "time_modified, edit_sequence, sort_group, balance, ret";
+      "time_modified, edit_sequence, sort_group, ret";
 
  private:
   Database db_;

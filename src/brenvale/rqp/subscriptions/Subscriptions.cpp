@@ -146,7 +146,7 @@ std::string ProcessSubscriptions(std::string_view text, const HostFacts& facts) 
     if (child.type() != pugi::node_element) continue;
     const Decl* decl = Declarations::Get().SubscriptionRequest(child.name());
     if (!decl) refuse("Unknown request \"" + std::string(child.name()) + "\".");
-    Problem p = CheckRequest(*decl, child, doc.Version(), facts.RelaxElementOrder);
+    Problem p = CheckRequest(*decl, child, doc.Version(), EditionOf(facts.Country), facts.RelaxElementOrder);
     if (p.kind == Problem::Kind::Structure) refuse(p.message);
     requests.emplace_back(child, std::move(p));
   }

@@ -11,45 +11,11 @@
 #include "brenvale/Brenvale.hpp"
 #include "brenvale/model/Lists.hpp"
 #include "brenvale/rqp/CompanyEngine.hpp"
+#include "lists/CompanyEndToEnd.hpp"
 #include "lists/ListsTestSupport.hpp"
 
 namespace brenvale::testing {
 namespace {
-
-namespace fs = std::filesystem;
-
-class CompanyEndToEnd : public ListsTest {
- protected:
-  void SetUp() override {
-    CurrentSession() = Session{};
-    dir_ = fs::temp_directory_path() /
-           ("brenvale-lists-" + std::to_string(std::chrono::steady_clock::now().time_since_epoch().count()));
-    fs::create_directories(dir_);
-    rqp::RegisterCompanyEngine();
-    BrenvaleGlobals::QBConnection().RequestProcessorProgId("BrenvaleRqP.RequestProcessor");
-    BrenvaleGlobals::QBConnect("", "Brenvale tests", qbOpenModeDontCare, (dir_ / "company.qbw").string());
-    // The company object lives as long as the thread: start every test with empty masters.
-    for (auto& entry : TheLists()) entry->Clear();
-  }
-  void TearDown() override {
-    BrenvaleGlobals::QBConnection().CloseConnection();
-    for (auto& entry : TheLists()) entry->Clear();
-    CurrentSession() = Session{};
-    std::error_code ec;
-    fs::remove_all(dir_, ec);
-  }
-
-  // Sends one request written by hand (for records of kinds outside these lists).
-  static void Send(const std::string& rq) {
-    xmlBldr b;
-    b.NewClear();
-    b.InsertRawXML(rq);
-    DomDocument doc = b.NewSendRequest();
-    ASSERT_NE(doc.Xml().find("statusCode=\"0\""), std::string::npos) << doc.Xml();
-  }
-
-  fs::path dir_;
-};
 
 std::vector<std::string> FullNames(ListCollectionBase& c) {
   std::vector<std::string> names;

@@ -55,7 +55,7 @@ constexpr RecordDecl kDecl{.label = "DataExtensionDefinition",
                            .list = &kFacts};
 
 constexpr FieldId kOwner = kFields.Id(F::OwnerID);
-constexpr FieldId kName = kFields.Id(F::DataExtName);
+constexpr FieldId kDataExtName = kFields.Id(F::DataExtName);
 constexpr FieldId kType = kFields.Id(F::DataExtType);
 constexpr FieldId kKeptName = kFields.Id(F::KeptName);
 constexpr FieldId kNewName = kFields.Id(F::DataExtNewName);
@@ -117,7 +117,7 @@ void DataExtensionDefinition::AfterRead() {
   assigned_.current_ = std::move(assigned_.reading_);
   assigned_.reading_.clear();
   assigned_.held_ = true;
-  keptName_ = Text(kName);
+  keptName_ = Text(kDataExtName);
 }
 
 void DataExtensionDefinition::ReadOwnField(FieldId id, const DomNode& node) {
@@ -132,7 +132,7 @@ void DataExtensionDefinition::WriteOwnField(xmlBldr& b, FieldId id, const WriteC
   auto write = [&](std::string_view tag, const std::vector<zqEnumListObjectType>& kinds) {
     for (zqEnumListObjectType kind : kinds) b.CreateElement(tag, DataExtObjectOf(kind).tag);
   };
-  const std::string_view name = TextView(kName);
+  const std::string_view name = TextView(kDataExtName);
   if (id == kKeptName) {
     b.CreateElement("DataExtName", keptName_.empty() ? name : std::string_view(keptName_));
   } else if (id == kNewName) {
@@ -146,7 +146,7 @@ void DataExtensionDefinition::WriteOwnField(xmlBldr& b, FieldId id, const WriteC
 
 std::string DataExtensionDefinition::OwnFieldText(FieldId id) const {
   if (id == kKeptName) return keptName_;
-  if (id == kNewName) return keptName_.empty() || keptName_ == TextView(kName) ? std::string() : Text(kName);
+  if (id == kNewName) return keptName_.empty() || keptName_ == TextView(kDataExtName) ? std::string() : Text(kDataExtName);
   if (id == kAssign) return assigned_.Text();
   if (id == kRemove) {
     std::string out;

@@ -41,30 +41,12 @@ constexpr std::array<DataExtObject, 28> kObjects{{
     {zqObjectTypeVendorCredit, "VendorCredit", F::Txn},
 }};
 
-bool IsItemKind(zqEnumListObjectType type) {
-  switch (type) {
-    case zqObjectTypeItemDiscount:
-    case zqObjectTypeItemGroup:
-    case zqObjectTypeItemInventory:
-    case zqObjectTypeItemInventoryAssembly:
-    case zqObjectTypeItemNonInventory:
-    case zqObjectTypeItemOtherCharge:
-    case zqObjectTypeItemPayment:
-    case zqObjectTypeItemSalesTax:
-    case zqObjectTypeItemSalesTaxGroup:
-    case zqObjectTypeItemService:
-    case zqObjectTypeItemSubtotal:
-    case zqObjectTypeItemFixedAsset: return true;
-    default: return false;
-  }
-}
-
 }  // namespace
 
 std::span<const DataExtObject> DataExtObjects() { return kObjects; }
 
 DataExtObject DataExtObjectOf(zqEnumListObjectType type) {
-  if (IsItemKind(type)) type = zqObjectTypeItem;
+  if (IsItemObjectType(type)) type = zqObjectTypeItem;
   for (const DataExtObject& o : kObjects)
     if (o.type == type) return o;
   return {};

@@ -11,6 +11,7 @@
 
 #include "brenvale/core/EnumTypes.hpp"
 #include "brenvale/core/Types.hpp"
+#include "brenvale/core/detail/PointeeIterator.hpp"
 #include "brenvale/core/zkErrors.hpp"
 #include "brenvale/model/DataExtObject.hpp"
 #include "brenvale/model/DataExtension.hpp"
@@ -61,21 +62,7 @@ class DataExtensions {
   void Clear() { items_.clear(); }
   Long Count() const { return static_cast<Long>(items_.size()); }
 
-  class iterator {
-   public:
-    using Inner = std::vector<std::unique_ptr<DataExtension>>::const_iterator;
-    explicit iterator(Inner it) : it_(it) {}
-    DataExtension& operator*() const { return **it_; }
-    DataExtension* operator->() const { return it_->get(); }
-    iterator& operator++() {
-      ++it_;
-      return *this;
-    }
-    bool operator==(const iterator& o) const { return it_ == o.it_; }
-
-   private:
-    Inner it_;
-  };
+  using iterator = detail::PointeeIterator<std::vector<std::unique_ptr<DataExtension>>::const_iterator, DataExtension>;
   iterator begin() const { return iterator(items_.begin()); }
   iterator end() const { return iterator(items_.end()); }
 

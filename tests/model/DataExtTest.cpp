@@ -494,6 +494,20 @@ TEST_F(DataExt, RecordsReadTheirValuesByOwner) {
   EXPECT_EQ(std::any_cast<Long>(customer.ApplicationFields()["Score"].Value()), 42);
   EXPECT_EQ(trace.seen, (std::vector<std::pair<std::string, std::string>>{{"DataExt", "Unknown Field: Colour"}}));
 
+  // Written in response form, the values come last and read back as they were.
+  xmlBldr b;
+  customer.XMLQueryRs(b);
+  EXPECT_EQ(b.GetXML().substr(b.GetXML().find("<DataExtRet>")),
+            "<DataExtRet><OwnerID>0</OwnerID><DataExtName>Color</DataExtName><DataExtType>STR255TYPE</DataExtType>"
+            "<DataExtValue>Red</DataExtValue></DataExtRet><DataExtRet><OwnerID>" +
+                std::string(kGuid) +
+                "</OwnerID><DataExtName>Score</DataExtName><DataExtType>INTTYPE</DataExtType>"
+                "<DataExtValue>42</DataExtValue></DataExtRet>");
+  TestCustomer copy;
+  ReadInto(copy, "<CustomerRet>" + b.GetXML() + "</CustomerRet>");
+  EXPECT_EQ(copy.CustomFields()["Color"].ValueText(), "Red");
+  EXPECT_EQ(copy.ApplicationFields()["Score"].ValueText(), "42");
+
   // Read again, a value QuickBooks answers replaces the one held; one it does not answer stays.
   customer.CustomFields()["Color"].ValueAsString("Blue");
   ReadInto(customer, "<CustomerRet><ListID>80000001-1</ListID><Name>Ann</Name></CustomerRet>");

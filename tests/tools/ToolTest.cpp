@@ -589,6 +589,8 @@ TEST_F(ToolTest, CustomFieldsAreSetWithTheRecordListedAndChanged) {
   Result listed = Tool({"list", "Account", "--fields", "Name", "--owner", guid, "--name-starts", "Tr"});
   EXPECT_EQ(listed.out, "Name    Budget\nTravel  1200\n") << Lines(listed);
   EXPECT_EQ(Tool({"list", "Account", "--fields", "Name", "--name-starts", "Tr"}).out, "Name\nTravel\n");
+  Result asXml = Tool({"list", "Account", "--owner", guid, "--name-starts", "Tr", "--format", "xml"});
+  EXPECT_NE(asXml.out.find("<DataExtName>Budget</DataExtName>"), std::string::npos) << Lines(asXml);
 
   // Changed alone, without a field of the account's.
   Result changed = Tool({"--format", "json", "modify", "Account", travelId, "--owner", guid, "--field", "Budget=1500"});

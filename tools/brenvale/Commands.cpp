@@ -346,31 +346,42 @@ void PrintRecordErrors(std::ostream& err, const Kind& kind, ListRecord& record, 
   }
 }
 
-// The `Field=Value` arguments as field ids and texts, checked against the kind's fields `among`
-// and against what the library accepts, before anything is opened.
-std::vector<std::pair<FieldId, std::string>> ParseAssignments(const Kind& kind, std::span<const FieldId> among,
-                                                              const std::vector<std::string>& assignments) {
+// One `Field=Value` argument: the field (maybe inside nested records) and its text.
+struct Assignment {
+  FieldPath path;
+  std::string value;
+};
+
+// Sets each assignment on `record`, through the record's own setter rules.
+void Assign(RecordCore& record, const std::vector<Assignment>& values) {
+  for (const Assignment& a : values) HolderOf(record, a.path).SetFromText(a.path.ids.back(), a.value);
+}
+
+// The `Field=Value` arguments as fields and texts, checked against the fields a request of `form`
+// writes and against what the library accepts, before anything is opened.
+std::vector<Assignment> ParseAssignments(const Kind& kind, Form form, const std::vector<std::string>& assignments) {
   const RecordDecl& schema = kind.decl();
-  std::vector<std::pair<FieldId, std::string>> values;
+  std::vector<Assignment> values;
   std::shared_ptr<ListRecord> scratch = kind.scratch ? kind.scratch() : nullptr;
   for (const std::string& a : assignments) {
     const std::size_t eq = a.find('=');
     if (eq == std::string::npos || eq == 0) throw UsageError("expected Field=Value, got '" + a + "'");
     const std::string field = a.substr(0, eq), value = a.substr(eq + 1);
-    const int id = FindField(schema, among, field);
-    if (id < 0)
+    Assignment assignment{FindFieldPath(schema, form, field), value};
+    if (assignment.path.ids.empty())
       throw UsageError(kind.name + " has no field '" + field +
-                       "' to set; its fields are: " + FieldNames(schema, among));
-    for (const auto& [seen, v] : values)
-      if (seen == id) throw UsageError("field " + std::string(schema.Field(seen).tag) + " is given twice");
-    const FieldDef& f = schema.Field(static_cast<FieldId>(id));
+                       "' to set; its fields are: " + FieldNames(schema, schema.Order(form)));
+    for (const Assignment& seen : values)
+      if (seen.path.ids == assignment.path.ids)
+        throw UsageError("field " + assignment.path.name + " is given twice");
+    const FieldDef& f = *assignment.path.field;
     CheckValueText(f, value);
     // Values the library itself refuses (an unknown enumeration value) fail here, before connecting.
     try {
-      if (scratch) scratch->SetFromText(static_cast<FieldId>(id), value);
+      if (scratch) Assign(*scratch, {assignment});
     } catch (const BrenvaleError& e) {
       PrintError(std::cerr, e);
-      std::string message = "field " + std::string(f.tag) + " cannot take '" + value + "'";
+      std::string message = "field " + assignment.path.name + " cannot take '" + value + "'";
       if (f.kind == ValueKind::Enum) {
         std::string known;
         for (const zkEnumValue& v : EnumCatalogue(f.enumType))
@@ -379,7 +390,7 @@ std::vector<std::pair<FieldId, std::string>> ParseAssignments(const Kind& kind, 
       }
       throw ToolFailure(kExitLibrary, message);
     }
-    values.emplace_back(static_cast<FieldId>(id), value);
+    values.push_back(std::move(assignment));
   }
   return values;
 }
@@ -405,13 +416,13 @@ int RunAdd(const GlobalOptions& g, const AddOptions& o) {
     throw UsageError(kind.name + " holds records of several kinds; add one of them: " + kind.members);
   if (!kind.addNew) throw UsageError(kind.name + " records cannot be added: QuickBooks only reads them");
   const std::vector<FieldId> columns = TableColumns(schema, o.fields);
-  const auto values = ParseAssignments(kind, schema.add, o.assignments);
+  const auto values = ParseAssignments(kind, Form::Add, o.assignments);
   const CustomValues custom = ParseCustomFields(kind, o.owner, o.customFields);
   OpenCompany(g);
   UseOwner(o.owner);
   ListCollectionBase& c = kind.master();
   ListRecord& record = kind.addNew();
-  for (const auto& [id, value] : values) record.SetFromText(id, value);
+  Assign(record, values);
   SetCustomFields(record, o.owner, custom);
   if (!CommitRecord(kind, c, record, "added")) return kExitLibrary;
   PrintRecords(std::cout, g.OutputFormat(), schema, {&record}, columns);
@@ -434,8 +445,7 @@ int RunModify(const GlobalOptions& g, const ModifyOptions& o) {
   const RecordDecl& schema = kind.decl();
   const std::vector<FieldId> columns = TableColumns(schema, o.fields);
   // A kind QuickBooks cannot modify takes its add fields, so that the library answers with its refusal.
-  const std::span<const FieldId> among = schema.mod.empty() ? schema.add : schema.mod;
-  const auto values = ParseAssignments(kind, among, o.assignments);
+  const auto values = ParseAssignments(kind, schema.mod.empty() ? Form::Add : Form::Mod, o.assignments);
   const CustomValues custom = ParseCustomFields(kind, o.owner, o.customFields);
   if (values.empty() && custom.empty()) throw UsageError("modify needs a FIELD=VALUE or a --field NAME=VALUE");
   OpenCompany(g);
@@ -451,7 +461,7 @@ int RunModify(const GlobalOptions& g, const ModifyOptions& o) {
   if (!kind.Holds(*record))
     throw ToolFailure(kExitLibrary, "the record with ListID '" + o.listId + "' is a " +
                                         std::string(record->Decl().xmlName) + ", not a " + kind.name);
-  for (const auto& [id, value] : values) record->SetFromText(id, value);
+  Assign(*record, values);
   SetCustomFields(*record, o.owner, custom);
   if (!CommitRecord(kind, c, *record, "changed")) return kExitLibrary;
   PrintRecords(std::cout, g.OutputFormat(), schema, {record}, columns);

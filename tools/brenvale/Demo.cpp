@@ -82,6 +82,47 @@ void PrintRaised(const BrenvaleError& e) {
       << "]\n";
 }
 
+// The demo's customer, with its billing address and a job of the demo's job types.
+void ShowCustomerAndJob(int step) {
+  Step(step, "A customer with an address, and a job under it",
+       "A customer's addresses are records of their own inside it; a job is a customer whose parent is\n"
+       "   the customer, and it may name a job type. Both go in one batch, the customer first.");
+  Customers& customers = BrenvaleGlobals::Customers();
+  Code("Customer& c = Customers().Add(\"Jones Residence\");  c.BillAddress().City(\"Boston\"); ...");
+  Code("Customer& job = Customers().Add(\"Retrofit\", true, \"Jones Residence\");  job.JobTypeRef(...);");
+  Code("Customers().Commit();");
+  customers.GetAll();
+  if (!customers.Find("Jones Residence")) {
+    Customer& jones = customers.Add("Jones Residence");
+    jones.FirstName("Pat");
+    jones.LastName("Jones");
+    Address& bill = jones.BillAddress();
+    bill.Line1("Pat Jones");
+    bill.Line2("12 Harbor Road");
+    bill.City("Boston");
+    bill.State("MA");
+    bill.PostalCode("02110");
+    jones.ShipAddress().CopyAddress(bill);
+  }
+  if (!customers.Find("Jones Residence:Retrofit")) {
+    Customer& job = customers.Add("Retrofit", true, "Jones Residence");
+    job.JobTypeRef("Installation:Residential");
+    job.JobStatus(qbJobStatusInProgress);
+    job.JobDesc("Roof panels and inverter");
+  }
+  customers.Commit();
+  customers.GetAll();
+  std::vector<std::vector<std::string>> rows = {{"FullName", "Sublevel", "Bill to", "Job type", "ListID"}};
+  for (const char* name : {"Jones Residence", "Jones Residence:Retrofit"}) {
+    Customer& c = customers.Item(name);
+    const Address& a = c.BillAddress();
+    rows.push_back({c.FullName(), std::to_string(c.Sublevel()),
+                    a.City().empty() ? "" : a.Line2() + ", " + a.City() + " " + a.State() + " " + a.PostalCode(),
+                    c.JobTypeRef().FullName(), c.ListID()});
+  }
+  Indented(rows);
+}
+
 // The demo's account tree: three levels of bank accounts with opening balances, added when missing.
 void ShowAccountTree(int step) {
   Step(step, "An account tree and its sub-account sum",
@@ -163,9 +204,10 @@ int RunDemo(const GlobalOptions& g) {
   for (Class& k : classes) rows.push_back({k.FullName(), std::to_string(k.Children().Count())});
   Indented(rows);
 
-  ShowAccountTree(4);
+  ShowCustomerAndJob(4);
+  ShowAccountTree(5);
 
-  Step(5, "Change one",
+  Step(6, "Change one",
        "Setting a property on a record read from QuickBooks makes it Dirty; Commit then sends a modify\n"
        "   request with the record's EditSequence, and QuickBooks answers with a new one.");
   ToDoList& toDos = BrenvaleGlobals::ToDoList();
@@ -201,7 +243,7 @@ int RunDemo(const GlobalOptions& g) {
     jobTypes.GetAll();  // reading again leaves every record Clean
   }
 
-  Step(6, "A validation failure",
+  Step(7, "A validation failure",
        "Before anything is sent, each record checks its own rules and collects what fails in its Errors.\n"
        "   The batch leaves the record out and, after the batch, Commit raises error 1023.");
   const std::string longName = "Residential Solar Panel Installs";  // 32 characters; 31 is the limit
@@ -218,7 +260,7 @@ int RunDemo(const GlobalOptions& g) {
   PrintErrors(tooLong.Errors());
   Forget(jobTypes, tooLong);
 
-  Step(7, "Delete one",
+  Step(8, "Delete one",
        "Delete sends a list delete request by ListID and takes the record out of the collection.");
   const std::string doomed = "Maintenance:Annual Service";
   if (JobType* annual = jobTypes.Find(doomed)) {
@@ -228,7 +270,7 @@ int RunDemo(const GlobalOptions& g) {
     out << "     deleted; " << jobTypes.Count() << " job types remain (the next demo run adds it again)\n";
   }
 
-  Step(8, "Close", "");
+  Step(9, "Close", "");
   Code("QBConnection().CloseConnection();");
   CloseCompany();
 

@@ -19,7 +19,8 @@ template <auto Accessor, class Record, bool Member>
 Kind Of(std::string name, std::string plural) {
   ListRecord& (*addNew)() = nullptr;
   std::shared_ptr<ListRecord> (*scratch)() = nullptr;
-  if constexpr (!std::is_abstract_v<Record>) {
+  // The common base of several kinds (an item, a name) has no record of its own.
+  if constexpr (std::is_default_constructible_v<Record>) {
     scratch = []() -> std::shared_ptr<ListRecord> { return std::make_shared<Record>(); };
     if constexpr (Member && requires { Accessor().template Add<Record>(); }) {
       if (Record::Declaration().list->addable)
@@ -38,7 +39,8 @@ Kind Of(std::string name, std::string plural) {
 }
 
 // The kinds of one collection: its record kind; for a collection of several kinds, the list itself
-// (what they share, every record shown) and then each of them by its qbXML name.
+// (what they share, every record shown) and then each of them by its qbXML name, unless a
+// collection of its own (registered before) serves it already, as the name lists' do for entities.
 template <auto Accessor, class Collection, class Record>
 void Register(std::vector<Kind>& kinds, const char* name, const char* plural) {
   using Members = typename Collection::Members;
@@ -48,7 +50,13 @@ void Register(std::vector<Kind>& kinds, const char* name, const char* plural) {
     Kind list = Of<Accessor, Record, false>(std::string(Record::Declaration().xmlName), plural);
     [&]<class... K>(std::tuple<K...>*) {
       (list.members.append(list.members.empty() ? "" : ", ").append(K::Declaration().xmlName), ...);
-      (kinds.push_back(Of<Accessor, K, true>(std::string(K::Declaration().xmlName), plural)), ...);
+      const auto registered = [&](std::string_view kind) {
+        return std::any_of(kinds.begin(), kinds.end(), [&](const Kind& k) { return k.name == kind; });
+      };
+      ((registered(K::Declaration().xmlName)
+            ? void()
+            : kinds.push_back(Of<Accessor, K, true>(std::string(K::Declaration().xmlName), plural))),
+       ...);
     }(static_cast<Members*>(nullptr));
     kinds.push_back(std::move(list));
   }
@@ -114,9 +122,40 @@ int FindField(const RecordDecl& decl, std::span<const FieldId> among, std::strin
   return -1;
 }
 
+FieldPath FindFieldPath(const RecordDecl& decl, Form form, std::string_view name) {
+  FieldPath path;
+  const RecordDecl* at = &decl;
+  while (true) {
+    const std::size_t dot = name.find('.');
+    const int id = FindField(*at, at->Order(form), name.substr(0, dot));
+    if (id < 0) return {};
+    const FieldDef& f = at->Field(static_cast<FieldId>(id));
+    path.ids.push_back(static_cast<FieldId>(id));
+    path.name += (path.name.empty() ? "" : ".") + std::string(f.tag);
+    if (dot == std::string_view::npos) {
+      // A group of fields is set part by part.
+      if (f.kind == ValueKind::Aggregate || f.kind == ValueKind::Children) return {};
+      path.field = &f;
+      return path;
+    }
+    if (f.kind != ValueKind::Aggregate) return {};
+    at = &f.body();
+    name = name.substr(dot + 1);
+  }
+}
+
+RecordCore& HolderOf(RecordCore& record, const FieldPath& path) {
+  RecordCore* holder = &record;
+  for (std::size_t i = 0; i + 1 < path.ids.size(); ++i) holder = &holder->Nested(path.ids[i]);
+  return *holder;
+}
+
 std::string FieldNames(const RecordDecl& decl, std::span<const FieldId> ids) {
   std::string out;
-  for (FieldId id : ids) out += (out.empty() ? "" : ", ") + std::string(decl.Field(id).tag);
+  for (FieldId id : ids) {
+    out += (out.empty() ? "" : ", ") + std::string(decl.Field(id).tag);
+    if (decl.Field(id).kind == ValueKind::Aggregate) out += ".FIELD";
+  }
   return out;
 }
 

@@ -44,7 +44,22 @@ std::string KindNames();
 // The field a user names in `Field=Value` (the qbXML tag in any case; "Parent" for "ParentRef"),
 // among `among` (the fields an add or a modify request writes); -1 when there is none.
 int FindField(const RecordDecl& decl, std::span<const FieldId> among, std::string_view name);
-// "Name, IsActive, ParentRef"
+// A field inside nested records, named with dots: "BillAddress.City" is the City of the BillAddress
+// aggregate. `ids` leads from the record through each aggregate to the field; `field` is its
+// declaration.
+struct FieldPath {
+  std::vector<FieldId> ids;
+  const FieldDef* field = nullptr;
+  // The path as the record's own tags spell it ("BillAddress.City" for "billaddress.city").
+  std::string name;
+};
+// The field a dotted name gives among the fields a request of `form` (Add or Mod) writes, at every
+// level; empty `ids` when there is none.
+FieldPath FindFieldPath(const RecordDecl& decl, Form form, std::string_view name);
+// The record that holds the field at the end of `path`: `record`, or a nested record of it (made
+// when it is not there yet).
+RecordCore& HolderOf(RecordCore& record, const FieldPath& path);
+// "Name, IsActive, ParentRef, BillAddress.FIELD"
 std::string FieldNames(const RecordDecl& decl, std::span<const FieldId> ids);
 
 }  // namespace brenvale::tool

@@ -24,14 +24,27 @@ std::string FieldNames(const RecordDecl& decl) {
   return out;
 }
 
-// A field's value as a JSON value: true/false, a number, a string, an object for a reference,
-// null when unset.
-std::string JsonValue(const ListRecord& record, FieldId id) {
+// A field's value as a JSON value: true/false, a number, a string, an object for a reference or a
+// nested record, null when unset.
+std::string JsonValue(const RecordCore& record, FieldId id) {
+  const FieldDef& f = record.Decl().Field(id);
+  if (f.kind == ValueKind::Aggregate) {
+    const RecordCore* nested = record.FindNested(id);
+    if (!nested || !nested->HoldsAnyValue()) return "null";
+    std::string out = "{";
+    for (FieldId part : KindFields(nested->Decl())) {
+      if (!nested->Has(part) && nested->Decl().Field(part).kind != ValueKind::Aggregate) continue;
+      const std::string value = JsonValue(*nested, part);
+      if (value == "null") continue;
+      out += (out.size() > 1 ? ", " : "") + JsonString(nested->Decl().Field(part).tag) + ": " + value;
+    }
+    return out + "}";
+  }
   const FieldValue v = record.Value(id);
   if (std::holds_alternative<std::monostate>(v)) return "null";
   if (auto b = std::get_if<bool>(&v)) return *b ? "true" : "false";
   if (auto i = std::get_if<std::int64_t>(&v)) {
-    if (record.Decl().Field(id).kind == ValueKind::Enum) return JsonString(record.ValueText(id));
+    if (f.kind == ValueKind::Enum) return JsonString(record.ValueText(id));
     return std::to_string(*i);
   }
   if (std::holds_alternative<Currency>(v)) return record.ValueText(id);
@@ -55,10 +68,25 @@ std::vector<const DataExtension*> CustomValues(const ListRecord& record) {
   return out;
 }
 
-void PrintJson(std::ostream& out, const RecordDecl& decl, const std::vector<ListRecord*>& records) {
-  const std::vector<FieldId> fields = KindFields(decl);
+// A field's value in a table cell; a nested record's parts joined by ", ".
+std::string CellText(const RecordCore& record, FieldId id) {
+  if (record.Decl().Field(id).kind != ValueKind::Aggregate) return record.ValueText(id);
+  const RecordCore* nested = record.FindNested(id);
+  std::string out;
+  if (!nested) return out;
+  for (FieldId part : KindFields(nested->Decl())) {
+    const std::string text = CellText(*nested, part);
+    if (!text.empty()) out += (out.empty() ? "" : ", ") + text;
+  }
+  return out;
+}
+
+// Every record with the fields of its own kind (an entity query answers several).
+void PrintJson(std::ostream& out, const std::vector<ListRecord*>& records) {
   out << "[";
   for (std::size_t r = 0; r < records.size(); ++r) {
+    const RecordDecl& decl = records[r]->Decl();
+    const std::vector<FieldId> fields = KindFields(decl);
     out << (r ? ",\n  {" : "\n  {");
     for (std::size_t f = 0; f < fields.size(); ++f) {
       out << (f ? ", " : "") << JsonString(decl.Field(fields[f]).tag) << ": " << JsonValue(*records[r], fields[f]);
@@ -77,6 +105,7 @@ void PrintJson(std::ostream& out, const RecordDecl& decl, const std::vector<List
   out << (records.empty() ? "]\n" : "\n]\n");
 }
 
+// The records as the collection's query response, each as the Ret element of its own kind.
 void PrintXml(std::ostream& out, const RecordDecl& decl, const std::vector<ListRecord*>& records) {
   const std::string name(decl.xmlName);
   xmlBldr b;
@@ -165,7 +194,7 @@ void PrintTable(std::ostream& out, const std::vector<std::vector<std::string>>& 
 void PrintRecords(std::ostream& out, Format format, const RecordDecl& decl,
                   const std::vector<ListRecord*>& records, const std::vector<FieldId>& columns) {
   switch (format) {
-    case Format::Json: PrintJson(out, decl, records); return;
+    case Format::Json: PrintJson(out, records); return;
     case Format::Xml: PrintXml(out, decl, records); return;
     case Format::Table: break;
   }
@@ -180,7 +209,7 @@ void PrintRecords(std::ostream& out, Format format, const RecordDecl& decl,
   rows.back().insert(rows.back().end(), custom.begin(), custom.end());
   for (ListRecord* record : records) {
     rows.emplace_back();
-    for (FieldId id : columns) rows.back().push_back(record->ValueText(id));
+    for (FieldId id : columns) rows.back().push_back(CellText(*record, id));
     const std::vector<const DataExtension*> values = CustomValues(*record);
     for (const std::string& name : custom) {
       auto held = std::find_if(values.begin(), values.end(), [&](const DataExtension* v) { return v->Name() == name; });

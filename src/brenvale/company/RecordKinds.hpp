@@ -7,7 +7,11 @@
 #include "brenvale/lists/Classes.hpp"
 #include "brenvale/lists/CustomerMessages.hpp"
 #include "brenvale/lists/CustomerTypes.hpp"
+#include "brenvale/lists/Customers.hpp"
+#include "brenvale/lists/Employees.hpp"
+#include "brenvale/lists/Entities.hpp"
 #include "brenvale/lists/JobTypes.hpp"
+#include "brenvale/lists/OtherNames.hpp"
 #include "brenvale/lists/PaymentMethods.hpp"
 #include "brenvale/lists/PayrollItemNonWages.hpp"
 #include "brenvale/lists/PayrollItemWages.hpp"
@@ -19,20 +23,26 @@
 #include "brenvale/lists/Templates.hpp"
 #include "brenvale/lists/ToDoList.hpp"
 #include "brenvale/lists/VendorTypes.hpp"
+#include "brenvale/lists/Vendors.hpp"
 #include "brenvale/pricing/PriceLevels.hpp"
 
 // X(collection class, record class), in the order the library globals offer them.
 #define BRENVALE_RECORD_KINDS(X)         \
   X(Accounts, Account)                   \
+  X(Customers, Customer)                 \
+  X(Vendors, Vendor)                     \
   X(SalesTaxCodes, SalesTaxCode)         \
   X(PaymentMethods, PaymentMethod)       \
   X(Classes, Class)                      \
   X(CustomerTypes, CustomerType)         \
+  X(OtherNames, OtherName)               \
+  X(Employees, Employee)                 \
   X(Terms, zkTerm)                       \
   X(SalesReps, SalesRep)                 \
   X(CustomerMessages, CustomerMessage)   \
   X(ToDoList, ToDo)                      \
   X(ShipMethods, ShipMethod)             \
+  X(Entities, Entity)                    \
   X(JobTypes, JobType)                   \
   X(VendorTypes, VendorType)             \
   X(PayrollItemWages, PayrollItemWage)   \

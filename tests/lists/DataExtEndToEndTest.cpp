@@ -5,6 +5,7 @@
 
 #include "brenvale/dataext/DataExtensionDefinitions.hpp"
 #include "brenvale/lists/Accounts.hpp"
+#include "brenvale/lists/Customers.hpp"
 #include "brenvale/model/DataExtensions.hpp"
 #include "lists/CompanyEndToEnd.hpp"
 
@@ -105,6 +106,38 @@ TEST_F(CustomFieldsEndToEnd, APublicFieldIsDefinedSetReadChangedClearedRenamedAn
   DataExtensionDefinitions publicOnes;
   EXPECT_EQ(publicOnes.GetByOwner("0"), 0);
   EXPECT_EQ(ReadBack(zqObjectTypeCustomer, "0", ann, "Area"), "<none>");
+}
+
+TEST_F(CustomFieldsEndToEnd, ACustomersOwnFieldsComeWithItWhenAskedForAndAreSavedWithIt) {
+  DataExtensionDefinition& region = Definitions().Add("Region");
+  region.AssignedTos().Add(zqObjectTypeCustomer);
+  ASSERT_EQ(Definitions().Commit(), 1) << FirstError(Definitions().Errors());
+
+  // Set before the customer exists, the value is saved once QuickBooks has added it.
+  Customers& customers = BrenvaleGlobals::Customers();
+  Customer& ann = customers.Add("Ann");
+  ann.CustomFields()["Region"].ValueAsString("North");
+  ASSERT_EQ(customers.Commit(), 1) << FirstError(customers.Errors());
+
+  const auto regionOf = [](bool include) {
+    Customers reader;
+    reader.IncludeDataExtensions(include);
+    reader.GetAll();
+    const Customer* back = reader.Find("Ann");
+    if (!back) return std::string("<no customer>");
+    const DataExtensions* fields = back->FindCustomFields();
+    const DataExtension* value = fields ? fields->Find("Region") : nullptr;
+    return value ? value->ValueText() : std::string("<none>");
+  };
+  EXPECT_EQ(regionOf(true), "North");
+  EXPECT_EQ(regionOf(false), "<none>");  // QuickBooks' own fields come when they are asked for
+
+  ann.CustomFields()["Region"].ValueAsString("South");
+  EXPECT_EQ(ann.SaveDataExtensions(), 1) << FirstError(ann.Errors());
+  EXPECT_EQ(regionOf(true), "South");
+  ann.CustomFields()["Region"].ValueAsString("");
+  EXPECT_EQ(ann.SaveDataExtensions(), 1) << FirstError(ann.Errors());
+  EXPECT_EQ(regionOf(true), "<none>");
 }
 
 TEST_F(CustomFieldsEndToEnd, AnApplicationsFieldComesWithItsRecordsAndIsSavedWithThem) {

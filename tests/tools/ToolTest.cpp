@@ -598,6 +598,12 @@ TEST_F(ToolTest, CustomFieldsAreSetWithTheRecordListedAndChanged) {
   EXPECT_EQ(Tool({"list", "Account", "--fields", "Name", "--owner", guid, "--name-starts", "Tr"}).out,
             "Name    Budget\nTravel  1500\n");
 
+  // QuickBooks' own custom fields, on a customer.
+  ASSERT_EQ(Tool({"add", "DataExtensionDefinition", "DataExtName=Region", "AssignToObject=Customer"}).status, 0);
+  Result ann = Tool({"add", "Customer", "Name=Ann", "--field", "Region=North"});
+  ASSERT_EQ(ann.status, 0) << Lines(ann);
+  EXPECT_EQ(Tool({"list", "Customer", "--fields", "Name", "--owner", "0"}).out, "Name  Region\nAnn   North\n");
+
   struct Case {
     std::vector<std::string> args;
     int status;

@@ -161,6 +161,21 @@ TEST_F(NestedRecords, NestedRulesRunAsTheOwnersAndTheirNamesAreFetchedWithIt) {
   EXPECT_EQ(o.Errors()[3].Number(), ErrorNumber(2001));
   EXPECT_EQ(o.Errors()[3].Field(), "Item");
   EXPECT_EQ(o.Lines()[2].Errors().Count(), 1);  // the line keeps its own entry too
+
+  // A record validated on its own asks for its names the same way: once per list.
+  TheRefCache().Clear();
+  p->requests.clear();
+  Owner alone;
+  alone.Name("Kit");
+  alone.Lines().Add().Item("Nails");
+  alone.Lines().Add().Item("Glue");
+  alone.Lines().Add().Item("Tape");
+  EXPECT_FALSE(alone.Validate());
+  ASSERT_EQ(p->requests.size(), 1u);
+  EXPECT_NE(p->requests[0].find("<FullName>Nails</FullName><FullName>Glue</FullName><FullName>Tape</FullName>"),
+            std::string::npos)
+      << p->requests[0];
+  EXPECT_EQ(alone.Errors().Count(), 2);
 }
 
 TEST_F(NestedRecords, AnEmptiedListIsClearedInAModifyAndOnlyThere) {

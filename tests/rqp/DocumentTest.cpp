@@ -284,4 +284,24 @@ TEST(SchemaCheck, RefusesAnInvalidDocument) {
   EXPECT_NE(SchemaErrors("<QBXML><QBXMLMsgsRs>"), "");
 }
 
+// A valid answer holding what only another edition writes, or what a later version brought, is not
+// what a US desktop answers that session.
+TEST(SchemaCheck, RefusesWhatAUsDesktopDoesNotWrite) {
+  if (!QbxmlSchema()) GTEST_SKIP() << "no qbXML schema in " << SchemaFolder();
+  auto customer = [](const std::string& extra) {
+    return "<?xml version=\"1.0\"?><QBXML><QBXMLMsgsRs><CustomerQueryRs statusCode=\"0\" statusSeverity=\"Info\">"
+           "<CustomerRet><ListID>1-1</ListID><TimeCreated>2024-01-01T00:00:00</TimeCreated><TimeModified>"
+           "2024-01-01T00:00:00</TimeModified><EditSequence>1</EditSequence><Name>x</Name><FullName>x</FullName>" +
+           extra + "<Sublevel>0</Sublevel></CustomerRet></CustomerQueryRs></QBXMLMsgsRs></QBXML>";
+  };
+  EXPECT_EQ(SchemaErrors(customer("")), "");
+  EXPECT_NE(SchemaErrors(customer("<ClassRef><ListID>2-1</ListID></ClassRef>"), "11.0").find("only from qbXML 12.0"),
+            std::string::npos);
+  EXPECT_EQ(SchemaErrors(customer("<ClassRef><ListID>2-1</ListID></ClassRef>"), "12.0"), "");
+  std::string suffix = customer("");
+  suffix.insert(suffix.find("</CustomerRet>"), "<Suffix>Jr</Suffix>");
+  EXPECT_EQ(brenvale::testing::SchemaProblems(suffix), "");
+  EXPECT_NE(SchemaErrors(suffix).find("not in QBD"), std::string::npos);
+}
+
 }  // namespace rqptest

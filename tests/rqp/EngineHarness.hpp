@@ -5,8 +5,6 @@
 // company's ledger is checked: the postings of each transaction sum to zero, and go to accounts.
 #include <gtest/gtest.h>
 
-#include <libxml/parser.h>
-#include <libxml/xmlschemas.h>
 #include <sqlite3.h>
 
 #include <filesystem>
@@ -19,6 +17,7 @@
 
 #include "brenvale/core/BrenvaleError.hpp"
 #include "brenvale/rqp/CompanyEngine.hpp"
+#include "support/QbxmlSchema.hpp"
 
 namespace rqptest {
 
@@ -26,41 +25,30 @@ namespace fs = std::filesystem;
 using brenvale::BrenvaleError;
 using brenvale::rqp::CompanyEngine;
 
-// The compiled qbXML schema, or nullptr when the folder is absent.
-inline xmlSchemaPtr QbxmlSchema() {
-  static xmlSchemaPtr schema = [] () -> xmlSchemaPtr {
-    std::string path = std::string(BRENVALE_SCHEMA_DIR) + "/qbxmlops130.xsd";
-    if (!fs::exists(path)) return nullptr;
-    xmlSchemaParserCtxtPtr ctxt = xmlSchemaNewParserCtxt(path.c_str());
-    xmlSchemaPtr s = xmlSchemaParse(ctxt);
-    xmlSchemaFreeParserCtxt(ctxt);
-    return s;
-  }();
-  return schema;
-}
+// Whether the qbXML schema folder is there to check responses against.
+inline bool QbxmlSchema() { return !brenvale::testing::SchemaDir().empty(); }
 
 inline std::string SchemaFolder() { return BRENVALE_SCHEMA_DIR; }
 
-// Empty when `document` validates; libxml2's messages otherwise. Call only with the schema there.
-inline std::string SchemaErrors(const std::string& document) {
-  xmlSchemaPtr schema = QbxmlSchema();
-  if (!schema) return "the qbXML schema is not there to check against";
-  std::string errors;
-  xmlDocPtr doc = xmlReadMemory(document.data(), static_cast<int>(document.size()), "response.xml", nullptr,
-                                XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
-  if (!doc) return "not well-formed";
-  xmlSchemaValidCtxtPtr v = xmlSchemaNewValidCtxt(schema);
-  xmlSchemaSetValidStructuredErrors(
-      v,
-      [](void* out, xmlErrorPtr e) {
-        *static_cast<std::string*>(out) += std::to_string(e->line) + ": " + (e->message ? e->message : "") ;
-      },
-      &errors);
-  int rc = xmlSchemaValidateDoc(v, doc);
-  xmlSchemaFreeValidCtxt(v);
-  xmlFreeDoc(doc);
-  if (rc != 0 && errors.empty()) errors = "invalid";
-  return errors;
+// The qbXML version a request document asks for ("13.0"); 13.0 when it names none.
+inline std::string VersionOf(const std::string& request) {
+  for (const char* mark : {"QBD ", "QBXML QBOE ", "<?qbxml version=\""}) {
+    std::size_t at = request.find(mark);
+    if (at == std::string::npos) continue;
+    at += std::string(mark).size();
+    std::size_t end = request.find_first_not_of("0123456789.", at);
+    if (end > at) return request.substr(at, end - at);
+  }
+  return "13.0";
+}
+
+// Empty when `response` validates against the schema and holds only what a US desktop of the
+// request's version writes; the problems found otherwise. Call only with the schema there.
+inline std::string SchemaErrors(const std::string& response, const std::string& version = "13.0") {
+  std::string problems = brenvale::testing::SchemaProblems(response);
+  if (problems.empty() && response.find("<QBXMLMsgsRs") != std::string::npos)
+    problems = brenvale::testing::DesktopProblems(response, version);
+  return problems;
 }
 
 struct Status {
@@ -149,7 +137,7 @@ class EngineTest : public TempFolderTest {
   // Sends a whole document and returns the response text, checked against the schema.
   std::string Document(const std::string& text) {
     std::string response = engine_->ProcessRequest(ticket_, text);
-    EXPECT_EQ(SchemaErrors(response), "") << response;
+    EXPECT_EQ(SchemaErrors(response, VersionOf(text)), "") << response;
     return response;
   }
 

@@ -8,6 +8,8 @@
 #include <ostream>
 #include <sstream>
 
+#include "brenvale/rqp/engine/Company.hpp"
+#include "brenvale/rqp/records/Kind.hpp"
 #include "rqp/EngineHarness.hpp"
 #include "rqp/QbxmlSchema.hpp"
 
@@ -236,9 +238,7 @@ const std::string kSalesOrPurchase = "<SalesOrPurchase><Desc>d</Desc><Price>12.5
 const std::string kClass = "<ClassRef><FullName>Region:North</FullName></ClassRef>";
 const std::string kDollars = "<CurrencyRef><FullName>US Dollar</FullName></CurrencyRef>";
 
-INSTANTIATE_TEST_SUITE_P(
-    Lists, KindsTest,
-    ::testing::Values(
+const std::vector<KindCase> kKindCases = {
         KindCase{"Account", "<Name>Checking</Name><AccountType>Bank</AccountType><TaxLineID>1</TaxLineID>" + kDollars,
                  "<Desc>Main</Desc>", {{"Desc", "Main"}, {"Balance", "0.00"}, {"TaxLineInfoRet/TaxLineID", "1"}}},
         KindCase{"Customer",
@@ -332,8 +332,23 @@ INSTANTIATE_TEST_SUITE_P(
                  ""},
         KindCase{"BillingRate", "<Name>Senior</Name><BillingRatePerItem><ItemRef><FullName>Base</FullName></ItemRef>"
                                 "<CustomRate>120</CustomRate></BillingRatePerItem>",
-                 ""}),
-    [](const ::testing::TestParamInfo<KindCase>& p) { return p.param.kind; });
+                 ""}};
+
+INSTANTIATE_TEST_SUITE_P(Lists, KindsTest, ::testing::ValuesIn(kKindCases),
+                         [](const ::testing::TestParamInfo<KindCase>& p) { return p.param.kind; });
+
+// Every kind a host can add is among the cases above: a kind declared later is tested end to end too.
+TEST(KindsCovered, EveryKindAHostAddsIsACase) {
+  brenvale::rqp::detail::InstallEngine();
+  int addable = 0;
+  for (auto& kind : brenvale::rqp::detail::KindRegistry::All()) {
+    if (!kind.add) continue;
+    ++addable;
+    EXPECT_TRUE(std::any_of(kKindCases.begin(), kKindCases.end(), [&](auto& c) { return c.kind == kind.base; }))
+        << kind.base;
+  }
+  EXPECT_GE(addable, 30);
+}
 
 using KindRulesTest = EngineTest;
 

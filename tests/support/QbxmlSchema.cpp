@@ -162,7 +162,8 @@ std::string SchemaProblems(const std::string& document) {
     if (end != std::string::npos) text.erase(doctype, end + 1 - doctype);
   }
   std::string problems;
-  xmlDocPtr doc = xmlReadMemory(text.data(), static_cast<int>(text.size()), "request.xml", nullptr, XML_PARSE_NONET);
+  xmlDocPtr doc = xmlReadMemory(text.data(), static_cast<int>(text.size()), "document.xml", nullptr,
+                                XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
   if (!doc) return "not well-formed XML";
   xmlSchemaValidCtxtPtr valid = xmlSchemaNewValidCtxt(compiled.schema);
   xmlSchemaSetValidStructuredErrors(valid, &CollectProblem, &problems);
@@ -179,7 +180,8 @@ namespace {
 // a comment naming the editions that lack it and the version that brought it.
 struct Sample {
   xmlDocPtr doc = nullptr;
-  xmlNode* requests = nullptr;  // QBXMLMsgsRq
+  xmlNode* requests = nullptr;   // QBXMLMsgsRq
+  xmlNode* responses = nullptr;  // QBXMLMsgsRs
   Sample() {
     const std::string dir = SchemaDir();
     if (dir.empty()) return;
@@ -187,6 +189,7 @@ struct Sample {
     if (!doc) return;
     for (xmlNode* n = xmlDocGetRootElement(doc)->children; n; n = n->next)
       if (n->type == XML_ELEMENT_NODE && LocalName(n) == "QBXMLMsgsRq") requests = n;
+      else if (n->type == XML_ELEMENT_NODE && LocalName(n) == "QBXMLMsgsRs") responses = n;
   }
   ~Sample() {
     if (doc) xmlFreeDoc(doc);
@@ -263,22 +266,25 @@ void CompareWithSample(xmlNode* written, xmlNode* sample, const std::string& pat
 std::string DesktopProblems(const std::string& document, const std::string& version) {
   std::lock_guard<std::mutex> lock(gLock);
   Sample& sample = TheSample();
-  if (!sample.requests) return "no annotated sample of the schema";
+  if (!sample.requests || !sample.responses) return "no annotated sample of the schema";
   std::string text = document;
   const std::size_t doctype = text.find("<!DOCTYPE");
   if (doctype != std::string::npos) {
     std::size_t end = text.find('>', doctype);
     if (end != std::string::npos) text.erase(doctype, end + 1 - doctype);
   }
-  xmlDocPtr doc = xmlReadMemory(text.data(), static_cast<int>(text.size()), "request.xml", nullptr, XML_PARSE_NONET);
+  xmlDocPtr doc = xmlReadMemory(text.data(), static_cast<int>(text.size()), "document.xml", nullptr,
+                                XML_PARSE_NONET | XML_PARSE_NOERROR | XML_PARSE_NOWARNING);
   if (!doc) return "not well-formed XML";
   std::string problems;
   xmlNode* root = xmlDocGetRootElement(doc);
   xmlNode* messages = root ? ChildNamed(root, "QBXMLMsgsRq") : nullptr;
+  xmlNode* counterpart = sample.requests;
+  if (!messages && root && (messages = ChildNamed(root, "QBXMLMsgsRs"))) counterpart = sample.responses;
   if (!messages)
-    problems = "no QBXMLMsgsRq";
+    problems = "neither QBXMLMsgsRq nor QBXMLMsgsRs";
   else
-    CompareWithSample(messages, sample.requests, "", std::strtod(version.c_str(), nullptr), problems);
+    CompareWithSample(messages, counterpart, "", std::strtod(version.c_str(), nullptr), problems);
   xmlFreeDoc(doc);
   return problems;
 }

@@ -14,9 +14,10 @@ std::string SchemaDir();
 std::string SchemaProblems(const std::string& document);
 
 // What Intuit's annotated sample of the schema says QuickBooks on a desktop of the US edition
-// refuses in a request document: each element marked "not in QBD", and each the sample gives a
-// version above `version` ("v12.0" to a 11.0 session). Empty when there is nothing; the request is
-// expected to validate against the schema (an element the sample lacks is reported too).
+// refuses in a request document, or never writes in a response document: each element marked "not
+// in QBD", and each the sample gives a version above `version` ("v12.0" to a 11.0 session). Empty
+// when there is nothing; the document is expected to validate against the schema (an element the
+// sample lacks is reported too).
 std::string DesktopProblems(const std::string& document, const std::string& version = "13.0");
 
 // Records a skip for the running test when the schema is absent (the test still runs, and is

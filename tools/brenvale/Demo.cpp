@@ -123,6 +123,38 @@ void ShowCustomerAndJob(int step) {
   Indented(rows);
 }
 
+// The demo's service item, priced and posting to an income account; every kind comes back through
+// the one item list.
+void ShowItem(int step) {
+  Step(step, "An item",
+       "Each of the twelve item kinds is a record of its own; a service sold at one price carries its\n"
+       "   price and income account in a block of its own. The item list reads every kind in one query.");
+  Accounts& accounts = BrenvaleGlobals::Accounts();
+  Items& items = BrenvaleGlobals::Items();
+  Code("ItemService& s = Items().Add<ItemService>(\"Panel Install\");");
+  Code("s.SalesOrPurchase().Price(185.50);  s.SalesOrPurchase().AccountRef(\"Installation Income\");");
+  Code("Items().Commit();  Items().GetAll();");
+  accounts.GetAll();
+  if (!accounts.Find("Installation Income")) {
+    accounts.Add("Installation Income", true, {}, qbIncome);
+    accounts.Commit();
+  }
+  items.GetAll();
+  if (!items.Find("Panel Install")) {
+    ItemService& service = items.Add<ItemService>("Panel Install");
+    service.SalesOrPurchase().Desc("Install one roof panel");
+    service.SalesOrPurchase().Price(185.50);
+    service.SalesOrPurchase().AccountRef("Installation Income");
+    items.Commit();
+  }
+  items.GetAll();
+  std::vector<std::vector<std::string>> rows = {{"FullName", "Kind", "Description", "Price"}};
+  for (zkItem& item : items)
+    rows.push_back({item.FullName(), std::string(item.Decl().xmlName), item.SalesDescription(),
+                    AmountToText(item.SalesCost())});
+  Indented(rows);
+}
+
 // The demo's account tree: three levels of bank accounts with opening balances, added when missing.
 void ShowAccountTree(int step) {
   Step(step, "An account tree and its sub-account sum",
@@ -206,8 +238,9 @@ int RunDemo(const GlobalOptions& g) {
 
   ShowCustomerAndJob(4);
   ShowAccountTree(5);
+  ShowItem(6);
 
-  Step(6, "Change one",
+  Step(7, "Change one",
        "Setting a property on a record read from QuickBooks makes it Dirty; Commit then sends a modify\n"
        "   request with the record's EditSequence, and QuickBooks answers with a new one.");
   ToDoList& toDos = BrenvaleGlobals::ToDoList();
@@ -243,7 +276,7 @@ int RunDemo(const GlobalOptions& g) {
     jobTypes.GetAll();  // reading again leaves every record Clean
   }
 
-  Step(7, "A validation failure",
+  Step(8, "A validation failure",
        "Before anything is sent, each record checks its own rules and collects what fails in its Errors.\n"
        "   The batch leaves the record out and, after the batch, Commit raises error 1023.");
   const std::string longName = "Residential Solar Panel Installs";  // 32 characters; 31 is the limit
@@ -260,7 +293,7 @@ int RunDemo(const GlobalOptions& g) {
   PrintErrors(tooLong.Errors());
   Forget(jobTypes, tooLong);
 
-  Step(8, "Delete one",
+  Step(9, "Delete one",
        "Delete sends a list delete request by ListID and takes the record out of the collection.");
   const std::string doomed = "Maintenance:Annual Service";
   if (JobType* annual = jobTypes.Find(doomed)) {
@@ -270,7 +303,7 @@ int RunDemo(const GlobalOptions& g) {
     out << "     deleted; " << jobTypes.Count() << " job types remain (the next demo run adds it again)\n";
   }
 
-  Step(9, "Close", "");
+  Step(10, "Close", "");
   Code("QBConnection().CloseConnection();");
   CloseCompany();
 

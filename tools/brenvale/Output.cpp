@@ -24,27 +24,34 @@ std::string FieldNames(const RecordDecl& decl) {
   return out;
 }
 
+std::string JsonValue(const RecordCore& record, FieldId id);
+
+// The fields a nested record holds, as a JSON object.
+std::string JsonObject(const RecordCore& record) {
+  std::string out = "{";
+  for (const FieldId id : KindFields(record.Decl())) {
+    if (!record.Has(id)) continue;
+    out += (out.size() > 1 ? ", " : "") + JsonString(record.Decl().Field(id).tag) + ": " + JsonValue(record, id);
+  }
+  return out + "}";
+}
+
 // A field's value as a JSON value: true/false, a number, a string, an object for a reference or a
-// nested record, null when unset.
+// nested record, an array for child records; null when unset.
 std::string JsonValue(const RecordCore& record, FieldId id) {
-  const FieldDef& f = record.Decl().Field(id);
-  if (f.kind == ValueKind::Aggregate) {
-    const RecordCore* nested = record.FindNested(id);
-    if (!nested || !nested->HoldsAnyValue()) return "null";
-    std::string out = "{";
-    for (FieldId part : KindFields(nested->Decl())) {
-      if (!nested->Has(part) && nested->Decl().Field(part).kind != ValueKind::Aggregate) continue;
-      const std::string value = JsonValue(*nested, part);
-      if (value == "null") continue;
-      out += (out.size() > 1 ? ", " : "") + JsonString(nested->Decl().Field(part).tag) + ": " + value;
-    }
-    return out + "}";
+  const ValueKind kind = record.Decl().Field(id).kind;
+  if (kind == ValueKind::Aggregate || kind == ValueKind::Children) {
+    std::string items;
+    for (std::size_t i = 0; const RecordCore* nested = record.NestedAt(id, i); ++i)
+      if (kind == ValueKind::Children || nested->HoldsAnyValue()) items += (items.empty() ? "" : ", ") + JsonObject(*nested);
+    if (kind == ValueKind::Aggregate) return items.empty() ? "null" : items;
+    return record.Has(id) ? "[" + items + "]" : "null";
   }
   const FieldValue v = record.Value(id);
   if (std::holds_alternative<std::monostate>(v)) return "null";
   if (auto b = std::get_if<bool>(&v)) return *b ? "true" : "false";
   if (auto i = std::get_if<std::int64_t>(&v)) {
-    if (f.kind == ValueKind::Enum) return JsonString(record.ValueText(id));
+    if (record.Decl().Field(id).kind == ValueKind::Enum) return JsonString(record.ValueText(id));
     return std::to_string(*i);
   }
   if (std::holds_alternative<Currency>(v)) return record.ValueText(id);
@@ -81,13 +88,15 @@ std::string CellText(const RecordCore& record, FieldId id) {
   return out;
 }
 
-// Every record with the fields of its own kind (an entity query answers several).
-void PrintJson(std::ostream& out, const std::vector<ListRecord*>& records) {
+// Every record with the fields of its own kind (an entity or item query answers several); a record of
+// another kind than the collection's says which.
+void PrintJson(std::ostream& out, const RecordDecl& collectionDecl, const std::vector<ListRecord*>& records) {
   out << "[";
   for (std::size_t r = 0; r < records.size(); ++r) {
     const RecordDecl& decl = records[r]->Decl();
     const std::vector<FieldId> fields = KindFields(decl);
     out << (r ? ",\n  {" : "\n  {");
+    if (&decl != &collectionDecl) out << "\"kind\": " << JsonString(decl.xmlName) << ", ";
     for (std::size_t f = 0; f < fields.size(); ++f) {
       out << (f ? ", " : "") << JsonString(decl.Field(fields[f]).tag) << ": " << JsonValue(*records[r], fields[f]);
     }
@@ -114,8 +123,8 @@ void PrintXml(std::ostream& out, const RecordDecl& decl, const std::vector<ListR
       "<?xml version=\"1.0\" ?><QBXML><QBXMLMsgsRs><" + name +
       "QueryRs requestID=\"1\" statusCode=\"0\" statusSeverity=\"Info\" statusMessage=\"Status OK\">");
   for (ListRecord* record : records) {
-    // Each record in its own kind's element: a query of the terms answers StandardTermsRet and
-    // DateDrivenTermsRet.
+    // Each record in its own kind's element: an item query answers every kind of item, a query of
+    // the terms StandardTermsRet and DateDrivenTermsRet.
     const std::string ret = std::string(record->Decl().xmlName) + "Ret";
     b.OpenAggregateOnly(ret);
     record->XMLQueryRs(b);
@@ -194,7 +203,7 @@ void PrintTable(std::ostream& out, const std::vector<std::vector<std::string>>& 
 void PrintRecords(std::ostream& out, Format format, const RecordDecl& decl,
                   const std::vector<ListRecord*>& records, const std::vector<FieldId>& columns) {
   switch (format) {
-    case Format::Json: PrintJson(out, records); return;
+    case Format::Json: PrintJson(out, decl, records); return;
     case Format::Xml: PrintXml(out, decl, records); return;
     case Format::Table: break;
   }

@@ -10,6 +10,7 @@
 #include "brenvale/lists/Customers.hpp"
 #include "brenvale/lists/Employees.hpp"
 #include "brenvale/lists/Entities.hpp"
+#include "brenvale/lists/Items.hpp"
 #include "brenvale/lists/JobTypes.hpp"
 #include "brenvale/lists/OtherNames.hpp"
 #include "brenvale/lists/PaymentMethods.hpp"
@@ -26,7 +27,8 @@
 #include "brenvale/lists/Vendors.hpp"
 #include "brenvale/pricing/PriceLevels.hpp"
 
-// X(collection class, record class), in the order the library globals offer them.
+// X(collection class, record class), in the order the library globals offer them. A collection of
+// several kinds names their common base (Items, zkItem); its kinds come with it (Members).
 #define BRENVALE_RECORD_KINDS(X)         \
   X(Accounts, Account)                   \
   X(Customers, Customer)                 \
@@ -50,4 +52,5 @@
   X(PayrollItemNonWages, PayrollItemNonWage) \
   X(TaxCodes, TaxCode)                   \
   X(PriceLevels, PriceLevel)             \
+  X(Items, zkItem)                       \
   X(DataExtensionDefinitions, DataExtensionDefinition)

@@ -134,64 +134,61 @@ constexpr RecordDecl kDecl{.label = "Customer",
                            .list = &kFacts,
                            .dataExt = true};
 constexpr EntityFieldIds kIds = EntityIds(kFields);
-
-template <const FieldDef& Field>
-constexpr FieldId Id = kFields.Id(Field);
 }  // namespace
 
 const RecordDecl& Customer::Declaration() { return kDecl; }
 const EntityFieldIds& Customer::Ids() const { return kIds; }
 
-Address& Customer::BillAddress() { return static_cast<Address&>(Nested(Id<F::BillAddress>)); }
-Address& Customer::ShipAddress() { return static_cast<Address&>(Nested(Id<F::ShipAddress>)); }
-const Address& Customer::BillAddressBlock() { return static_cast<Address&>(Nested(Id<F::BillAddressBlock>)); }
-const Address& Customer::ShipAddressBlock() { return static_cast<Address&>(Nested(Id<F::ShipAddressBlock>)); }
+Address& Customer::BillAddress() { return static_cast<Address&>(Nested(kFields.Id(F::BillAddress))); }
+Address& Customer::ShipAddress() { return static_cast<Address&>(Nested(kFields.Id(F::ShipAddress))); }
+const Address& Customer::BillAddressBlock() { return static_cast<Address&>(Nested(kFields.Id(F::BillAddressBlock))); }
+const Address& Customer::ShipAddressBlock() { return static_cast<Address&>(Nested(kFields.Id(F::ShipAddressBlock))); }
 brenvale::CreditCardInfo& Customer::CreditCardInfo() {
-  return static_cast<brenvale::CreditCardInfo&>(Nested(Id<F::CreditCardInfo>));
+  return static_cast<brenvale::CreditCardInfo&>(Nested(kFields.Id(F::CreditCardInfo)));
 }
 
-Currency Customer::TotalBalance() const { return Amount(Id<F::TotalBalance>); }
-std::string Customer::ResaleNumber() const { return Text(Id<F::ResaleNumber>); }
-void Customer::ResaleNumber(std::string_view value) { SetText(Id<F::ResaleNumber>, value); }
-bool Customer::IsUsingCustomerTaxCode() const { return Bool(Id<F::IsUsingCustomerTaxCode>); }
-void Customer::IsUsingCustomerTaxCode(bool value) { SetBool(Id<F::IsUsingCustomerTaxCode>, value); }
+Currency Customer::TotalBalance() const { return Amount(kFields.Id(F::TotalBalance)); }
+std::string Customer::ResaleNumber() const { return Text(kFields.Id(F::ResaleNumber)); }
+void Customer::ResaleNumber(std::string_view value) { SetText(kFields.Id(F::ResaleNumber), value); }
+bool Customer::IsUsingCustomerTaxCode() const { return Bool(kFields.Id(F::IsUsingCustomerTaxCode)); }
+void Customer::IsUsingCustomerTaxCode(bool value) { SetBool(kFields.Id(F::IsUsingCustomerTaxCode), value); }
 
-qbEnumJobStatus Customer::JobStatus() const { return static_cast<qbEnumJobStatus>(EnumCode(Id<F::JobStatus>)); }
-void Customer::JobStatus(qbEnumJobStatus value) { SetEnum(Id<F::JobStatus>, static_cast<Integer>(value)); }
-Date Customer::JobStartDate() const { return DateValue(Id<F::JobStartDate>); }
-void Customer::JobStartDate(Date value) { SetDate(Id<F::JobStartDate>, value); }
-Date Customer::JobProjectedEndDate() const { return DateValue(Id<F::JobProjectedEndDate>); }
-void Customer::JobProjectedEndDate(Date value) { SetDate(Id<F::JobProjectedEndDate>, value); }
-Date Customer::JobEndDate() const { return DateValue(Id<F::JobEndDate>); }
-void Customer::JobEndDate(Date value) { SetDate(Id<F::JobEndDate>, value); }
-std::string Customer::JobDesc() const { return Text(Id<F::JobDesc>); }
-void Customer::JobDesc(std::string_view value) { SetText(Id<F::JobDesc>, value); }
-bool Customer::IsStatementWithParent() const { return Bool(Id<F::IsStatementWithParent>); }
-void Customer::IsStatementWithParent(bool value) { SetBool(Id<F::IsStatementWithParent>, value); }
+qbEnumJobStatus Customer::JobStatus() const { return static_cast<qbEnumJobStatus>(EnumCode(kFields.Id(F::JobStatus))); }
+void Customer::JobStatus(qbEnumJobStatus value) { SetEnum(kFields.Id(F::JobStatus), static_cast<Integer>(value)); }
+Date Customer::JobStartDate() const { return DateValue(kFields.Id(F::JobStartDate)); }
+void Customer::JobStartDate(Date value) { SetDate(kFields.Id(F::JobStartDate), value); }
+Date Customer::JobProjectedEndDate() const { return DateValue(kFields.Id(F::JobProjectedEndDate)); }
+void Customer::JobProjectedEndDate(Date value) { SetDate(kFields.Id(F::JobProjectedEndDate), value); }
+Date Customer::JobEndDate() const { return DateValue(kFields.Id(F::JobEndDate)); }
+void Customer::JobEndDate(Date value) { SetDate(kFields.Id(F::JobEndDate), value); }
+std::string Customer::JobDesc() const { return Text(kFields.Id(F::JobDesc)); }
+void Customer::JobDesc(std::string_view value) { SetText(kFields.Id(F::JobDesc), value); }
+bool Customer::IsStatementWithParent() const { return Bool(kFields.Id(F::IsStatementWithParent)); }
+void Customer::IsStatementWithParent(bool value) { SetBool(kFields.Id(F::IsStatementWithParent), value); }
 qbEnumDeliveryMethod Customer::DeliveryMethod() const {
-  return static_cast<qbEnumDeliveryMethod>(EnumCode(Id<F::DeliveryMethod>));
+  return static_cast<qbEnumDeliveryMethod>(EnumCode(kFields.Id(F::DeliveryMethod)));
 }
 void Customer::DeliveryMethod(qbEnumDeliveryMethod value) {
-  SetEnum(Id<F::DeliveryMethod>, static_cast<Integer>(value));
+  SetEnum(kFields.Id(F::DeliveryMethod), static_cast<Integer>(value));
 }
 
-zkListObjectRef Customer::CustomerTypeRef() const { return Ref(Id<F::CustomerTypeRef>); }
-void Customer::CustomerTypeRef(std::string_view fullName) { SetRefName(Id<F::CustomerTypeRef>, fullName); }
-zkListObjectRef Customer::SalesRepRef() const { return Ref(Id<F::SalesRepRef>); }
-void Customer::SalesRepRef(std::string_view fullName) { SetRefName(Id<F::SalesRepRef>, fullName); }
-zkListObjectRef Customer::SalesTaxCodeRef() const { return Ref(Id<F::SalesTaxCodeRef>); }
-void Customer::SalesTaxCodeRef(std::string_view fullName) { SetRefName(Id<F::SalesTaxCodeRef>, fullName); }
-zkListObjectRef Customer::ItemSalesTaxRef() const { return Ref(Id<F::ItemSalesTaxRef>); }
-void Customer::ItemSalesTaxRef(std::string_view fullName) { SetRefName(Id<F::ItemSalesTaxRef>, fullName); }
-zkListObjectRef Customer::TaxCodeRef() const { return Ref(Id<F::TaxCodeRef>); }
-void Customer::TaxCodeRef(std::string_view fullName) { SetRefName(Id<F::TaxCodeRef>, fullName); }
-zkListObjectRef Customer::JobTypeRef() const { return Ref(Id<F::JobTypeRef>); }
-void Customer::JobTypeRef(std::string_view fullName) { SetRefName(Id<F::JobTypeRef>, fullName); }
-zkListObjectRef Customer::PreferredPaymentMethodRef() const { return Ref(Id<F::PreferredPaymentMethodRef>); }
+zkListObjectRef Customer::CustomerTypeRef() const { return Ref(kFields.Id(F::CustomerTypeRef)); }
+void Customer::CustomerTypeRef(std::string_view fullName) { SetRefName(kFields.Id(F::CustomerTypeRef), fullName); }
+zkListObjectRef Customer::SalesRepRef() const { return Ref(kFields.Id(F::SalesRepRef)); }
+void Customer::SalesRepRef(std::string_view fullName) { SetRefName(kFields.Id(F::SalesRepRef), fullName); }
+zkListObjectRef Customer::SalesTaxCodeRef() const { return Ref(kFields.Id(F::SalesTaxCodeRef)); }
+void Customer::SalesTaxCodeRef(std::string_view fullName) { SetRefName(kFields.Id(F::SalesTaxCodeRef), fullName); }
+zkListObjectRef Customer::ItemSalesTaxRef() const { return Ref(kFields.Id(F::ItemSalesTaxRef)); }
+void Customer::ItemSalesTaxRef(std::string_view fullName) { SetRefName(kFields.Id(F::ItemSalesTaxRef), fullName); }
+zkListObjectRef Customer::TaxCodeRef() const { return Ref(kFields.Id(F::TaxCodeRef)); }
+void Customer::TaxCodeRef(std::string_view fullName) { SetRefName(kFields.Id(F::TaxCodeRef), fullName); }
+zkListObjectRef Customer::JobTypeRef() const { return Ref(kFields.Id(F::JobTypeRef)); }
+void Customer::JobTypeRef(std::string_view fullName) { SetRefName(kFields.Id(F::JobTypeRef), fullName); }
+zkListObjectRef Customer::PreferredPaymentMethodRef() const { return Ref(kFields.Id(F::PreferredPaymentMethodRef)); }
 void Customer::PreferredPaymentMethodRef(std::string_view fullName) {
-  SetRefName(Id<F::PreferredPaymentMethodRef>, fullName);
+  SetRefName(kFields.Id(F::PreferredPaymentMethodRef), fullName);
 }
-zkListObjectRef Customer::PriceLevelRef() const { return Ref(Id<F::PriceLevelRef>); }
-void Customer::PriceLevelRef(std::string_view fullName) { SetRefName(Id<F::PriceLevelRef>, fullName); }
+zkListObjectRef Customer::PriceLevelRef() const { return Ref(kFields.Id(F::PriceLevelRef)); }
+void Customer::PriceLevelRef(std::string_view fullName) { SetRefName(kFields.Id(F::PriceLevelRef), fullName); }
 
 }  // namespace brenvale

@@ -60,9 +60,6 @@ constexpr auto kRead = ListRead(kFields, F::Salutation, F::FirstName, F::MiddleN
 // A desktop's EmployeeAdd has no name: QuickBooks makes it of the first, middle and last names.
 constexpr ListFacts kFacts{.listType = zqListTypeEmployee, .key = ListKey::Name, .nameGate = &gate::OnlineOnly};
 constexpr EntityFieldIds kIds = EntityIds(kFields);
-
-template <const FieldDef& Field>
-constexpr FieldId Id = kFields.Id(Field);
 }  // namespace
 
 struct EmployeeDecl {
@@ -100,25 +97,25 @@ void Employee::CheckName(zkErrors& errors, ValidateContext&) {
   if (TextView(kName).empty() && FirstName().empty() && LastName().empty()) errors.AddCode(1012, "Name");
 }
 
-Address& Employee::EmployeeAddress() { return static_cast<Address&>(Nested(Id<F::EmployeeAddress>)); }
-std::string Employee::PagerPIN() const { return Text(Id<F::PagerPIN>); }
-void Employee::PagerPIN(std::string_view value) { SetText(Id<F::PagerPIN>, value); }
-std::string Employee::SSN() const { return Text(Id<F::SSN>); }
-void Employee::SSN(std::string_view value) { SetText(Id<F::SSN>, value); }
+Address& Employee::EmployeeAddress() { return static_cast<Address&>(Nested(kFields.Id(F::EmployeeAddress))); }
+std::string Employee::PagerPIN() const { return Text(kFields.Id(F::PagerPIN)); }
+void Employee::PagerPIN(std::string_view value) { SetText(kFields.Id(F::PagerPIN), value); }
+std::string Employee::SSN() const { return Text(kFields.Id(F::SSN)); }
+void Employee::SSN(std::string_view value) { SetText(kFields.Id(F::SSN), value); }
 qbEnumEmployeeType Employee::EmployeeType() const {
-  return static_cast<qbEnumEmployeeType>(EnumCode(Id<F::EmployeeType>));
+  return static_cast<qbEnumEmployeeType>(EnumCode(kFields.Id(F::EmployeeType)));
 }
-void Employee::EmployeeType(qbEnumEmployeeType value) { SetEnum(Id<F::EmployeeType>, static_cast<Integer>(value)); }
-qbEnumGenderType Employee::Gender() const { return static_cast<qbEnumGenderType>(EnumCode(Id<F::Gender>)); }
-void Employee::Gender(qbEnumGenderType value) { SetEnum(Id<F::Gender>, static_cast<Integer>(value)); }
-Date Employee::HiredDate() const { return DateValue(Id<F::HiredDate>); }
-void Employee::HiredDate(Date value) { SetDate(Id<F::HiredDate>, value); }
-Date Employee::ReleasedDate() const { return DateValue(Id<F::ReleasedDate>); }
-void Employee::ReleasedDate(Date value) { SetDate(Id<F::ReleasedDate>, value); }
-Date Employee::BirthDate() const { return DateValue(Id<F::BirthDate>); }
-void Employee::BirthDate(Date value) { SetDate(Id<F::BirthDate>, value); }
+void Employee::EmployeeType(qbEnumEmployeeType value) { SetEnum(kFields.Id(F::EmployeeType), static_cast<Integer>(value)); }
+qbEnumGenderType Employee::Gender() const { return static_cast<qbEnumGenderType>(EnumCode(kFields.Id(F::Gender))); }
+void Employee::Gender(qbEnumGenderType value) { SetEnum(kFields.Id(F::Gender), static_cast<Integer>(value)); }
+Date Employee::HiredDate() const { return DateValue(kFields.Id(F::HiredDate)); }
+void Employee::HiredDate(Date value) { SetDate(kFields.Id(F::HiredDate), value); }
+Date Employee::ReleasedDate() const { return DateValue(kFields.Id(F::ReleasedDate)); }
+void Employee::ReleasedDate(Date value) { SetDate(kFields.Id(F::ReleasedDate), value); }
+Date Employee::BirthDate() const { return DateValue(kFields.Id(F::BirthDate)); }
+void Employee::BirthDate(Date value) { SetDate(kFields.Id(F::BirthDate), value); }
 empPayrollInfo& Employee::EmployeePayrollInfo() {
-  return static_cast<empPayrollInfo&>(Nested(Id<F::EmployeePayrollInfo>));
+  return static_cast<empPayrollInfo&>(Nested(kFields.Id(F::EmployeePayrollInfo)));
 }
 
 }  // namespace brenvale

@@ -65,9 +65,6 @@ constexpr auto kRead = ListRead(kFields, F::CompanyName, F::Salutation, F::First
                                 F::OpenBalanceDate, F::AppendNotes);
 constexpr ListFacts kFacts{.listType = zqListTypeVendor, .key = ListKey::Name, .iterates = true};
 constexpr EntityFieldIds kIds = EntityIds(kFields);
-
-template <const FieldDef& Field>
-constexpr FieldId Id = kFields.Id(Field);
 }  // namespace
 
 struct VendorDecl {
@@ -110,19 +107,19 @@ Vendor::~Vendor() = default;
 const RecordDecl& Vendor::Declaration() { return VendorDecl::kDecl; }
 const EntityFieldIds& Vendor::Ids() const { return kIds; }
 
-zkListObjectRef Vendor::VendorTypeRef() const { return Ref(Id<F::VendorTypeRef>); }
-Address& Vendor::VendorAddress() { return static_cast<Address&>(Nested(Id<F::VendorAddress>)); }
-std::string Vendor::NameOnCheck() const { return Text(Id<F::NameOnCheck>); }
-void Vendor::NameOnCheck(std::string_view value) { SetText(Id<F::NameOnCheck>, value); }
-std::string Vendor::VendorTaxIdent() const { return Text(Id<F::VendorTaxIdent>); }
-void Vendor::VendorTaxIdent(std::string_view value) { SetText(Id<F::VendorTaxIdent>, value); }
-bool Vendor::IsVendorEligibleFor1099() const { return Bool(Id<F::IsVendorEligibleFor1099>); }
-void Vendor::IsVendorEligibleFor1099(bool value) { SetBool(Id<F::IsVendorEligibleFor1099>, value); }
+zkListObjectRef Vendor::VendorTypeRef() const { return Ref(kFields.Id(F::VendorTypeRef)); }
+Address& Vendor::VendorAddress() { return static_cast<Address&>(Nested(kFields.Id(F::VendorAddress))); }
+std::string Vendor::NameOnCheck() const { return Text(kFields.Id(F::NameOnCheck)); }
+void Vendor::NameOnCheck(std::string_view value) { SetText(kFields.Id(F::NameOnCheck), value); }
+std::string Vendor::VendorTaxIdent() const { return Text(kFields.Id(F::VendorTaxIdent)); }
+void Vendor::VendorTaxIdent(std::string_view value) { SetText(kFields.Id(F::VendorTaxIdent), value); }
+bool Vendor::IsVendorEligibleFor1099() const { return Bool(kFields.Id(F::IsVendorEligibleFor1099)); }
+void Vendor::IsVendorEligibleFor1099(bool value) { SetBool(kFields.Id(F::IsVendorEligibleFor1099), value); }
 
 void Vendor::Check1099(zkErrors& errors, ValidateContext&) {
   if (!IsVendorEligibleFor1099()) return;
-  const RecordCore* address = FindNested(Id<F::VendorAddress>);
-  if (!address || !address->HoldsAnyValue() || TextView(Id<F::VendorTaxIdent>).empty())
+  const RecordCore* address = FindNested(kFields.Id(F::VendorAddress));
+  if (!address || !address->HoldsAnyValue() || TextView(kFields.Id(F::VendorTaxIdent)).empty())
     errors.AddCode(1707, "Eligible For 1099");
 }
 

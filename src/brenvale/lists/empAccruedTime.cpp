@@ -21,30 +21,27 @@ constexpr RecordDecl kDecl{.label = "empAccruedTime",
                            .mod = kBody,
                            .read = kBody,
                            .make = [](const RecordDecl&) -> RecordCore* { return new empAccruedTime(); }};
-
-template <const FieldDef& Field>
-constexpr FieldId Id = kFields.Id(Field);
 }  // namespace
 
 const RecordDecl& empAccruedTime::Declaration() { return kDecl; }
 
-std::string empAccruedTime::HoursAvailable() const { return Text(Id<F::HoursAvailable>); }
-void empAccruedTime::HoursAvailable(std::string_view value) { SetText(Id<F::HoursAvailable>, value); }
+std::string empAccruedTime::HoursAvailable() const { return Text(kFields.Id(F::HoursAvailable)); }
+void empAccruedTime::HoursAvailable(std::string_view value) { SetText(kFields.Id(F::HoursAvailable), value); }
 qbEnumPayrollAccrualPeriod empAccruedTime::AccrualPeriod() const {
-  return static_cast<qbEnumPayrollAccrualPeriod>(EnumCode(Id<F::AccrualPeriod>));
+  return static_cast<qbEnumPayrollAccrualPeriod>(EnumCode(kFields.Id(F::AccrualPeriod)));
 }
 void empAccruedTime::AccrualPeriod(qbEnumPayrollAccrualPeriod value) {
-  SetEnum(Id<F::AccrualPeriod>, static_cast<Integer>(value));
+  SetEnum(kFields.Id(F::AccrualPeriod), static_cast<Integer>(value));
 }
-std::string empAccruedTime::HoursAccrued() const { return Text(Id<F::HoursAccrued>); }
-void empAccruedTime::HoursAccrued(std::string_view value) { SetText(Id<F::HoursAccrued>, value); }
-std::string empAccruedTime::MaximumHours() const { return Text(Id<F::MaximumHours>); }
-void empAccruedTime::MaximumHours(std::string_view value) { SetText(Id<F::MaximumHours>, value); }
-bool empAccruedTime::IsResettingHoursEachNewYear() const { return Bool(Id<F::IsResettingHoursEachNewYear>); }
-void empAccruedTime::IsResettingHoursEachNewYear(bool value) { SetBool(Id<F::IsResettingHoursEachNewYear>, value); }
-std::string empAccruedTime::HoursUsed() const { return Text(Id<F::HoursUsed>); }
-void empAccruedTime::HoursUsed(std::string_view value) { SetText(Id<F::HoursUsed>, value); }
-Date empAccruedTime::AccrualStartDate() const { return DateValue(Id<F::AccrualStartDate>); }
-void empAccruedTime::AccrualStartDate(Date value) { SetDate(Id<F::AccrualStartDate>, value); }
+std::string empAccruedTime::HoursAccrued() const { return Text(kFields.Id(F::HoursAccrued)); }
+void empAccruedTime::HoursAccrued(std::string_view value) { SetText(kFields.Id(F::HoursAccrued), value); }
+std::string empAccruedTime::MaximumHours() const { return Text(kFields.Id(F::MaximumHours)); }
+void empAccruedTime::MaximumHours(std::string_view value) { SetText(kFields.Id(F::MaximumHours), value); }
+bool empAccruedTime::IsResettingHoursEachNewYear() const { return Bool(kFields.Id(F::IsResettingHoursEachNewYear)); }
+void empAccruedTime::IsResettingHoursEachNewYear(bool value) { SetBool(kFields.Id(F::IsResettingHoursEachNewYear), value); }
+std::string empAccruedTime::HoursUsed() const { return Text(kFields.Id(F::HoursUsed)); }
+void empAccruedTime::HoursUsed(std::string_view value) { SetText(kFields.Id(F::HoursUsed), value); }
+Date empAccruedTime::AccrualStartDate() const { return DateValue(kFields.Id(F::AccrualStartDate)); }
+void empAccruedTime::AccrualStartDate(Date value) { SetDate(kFields.Id(F::AccrualStartDate), value); }
 
 }  // namespace brenvale

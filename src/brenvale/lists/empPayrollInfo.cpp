@@ -33,37 +33,34 @@ constexpr RecordDecl kDecl{.label = "empPayrollInfo",
 constexpr std::string_view kUse = "UseTimeData";
 constexpr std::string_view kDoNotUse = "DoNotUseTimeData";
 constexpr std::string_view kNotSet = "NotSet";
-
-template <const FieldDef& Field>
-constexpr FieldId Id = kFields.Id(Field);
 }  // namespace
 
 const RecordDecl& empPayrollInfo::Declaration() { return kDecl; }
 
 qbEnumPayrollPayFrequency empPayrollInfo::PayPeriod() const {
-  return static_cast<qbEnumPayrollPayFrequency>(EnumCode(Id<F::PayPeriod>));
+  return static_cast<qbEnumPayrollPayFrequency>(EnumCode(kFields.Id(F::PayPeriod)));
 }
 void empPayrollInfo::PayPeriod(qbEnumPayrollPayFrequency value) {
-  SetEnum(Id<F::PayPeriod>, static_cast<Integer>(value));
+  SetEnum(kFields.Id(F::PayPeriod), static_cast<Integer>(value));
 }
-zkListObjectRef empPayrollInfo::ClassRef() const { return Ref(Id<F::ClassRef>); }
+zkListObjectRef empPayrollInfo::ClassRef() const { return Ref(kFields.Id(F::ClassRef)); }
 ChildList<empEarningsType> empPayrollInfo::Earnings() {
-  return ChildList<empEarningsType>(ChildrenOf(Id<F::Earnings>));
+  return ChildList<empEarningsType>(ChildrenOf(kFields.Id(F::Earnings)));
 }
 
 std::string empPayrollInfo::UseTimeDataToCreatePaychecks() const {
-  if (Has(Id<F::UseTimeData>)) return Text(Id<F::UseTimeData>);
-  if (Has(Id<F::IsUsingTimeData>)) return std::string(Bool(Id<F::IsUsingTimeData>) ? kUse : kDoNotUse);
+  if (Has(kFields.Id(F::UseTimeData))) return Text(kFields.Id(F::UseTimeData));
+  if (Has(kFields.Id(F::IsUsingTimeData))) return std::string(Bool(kFields.Id(F::IsUsingTimeData)) ? kUse : kDoNotUse);
   return {};
 }
 
 void empPayrollInfo::UseTimeDataToCreatePaychecks(std::string_view value) {
   if (value != kUse && value != kDoNotUse && value != kNotSet) Raise(1008, Label());
-  SetText(Id<F::UseTimeData>, value);
+  SetText(kFields.Id(F::UseTimeData), value);
   if (value == kNotSet)
-    Unset(Id<F::IsUsingTimeData>);
+    Unset(kFields.Id(F::IsUsingTimeData));
   else
-    SetBool(Id<F::IsUsingTimeData>, value == kUse);
+    SetBool(kFields.Id(F::IsUsingTimeData), value == kUse);
 }
 
 bool empPayrollInfo::IsUsingTimeDataToCreatePaychecks() const { return UseTimeDataToCreatePaychecks() == kUse; }
@@ -71,9 +68,9 @@ void empPayrollInfo::IsUsingTimeDataToCreatePaychecks(bool value) {
   UseTimeDataToCreatePaychecks(value ? kUse : kDoNotUse);
 }
 
-empAccruedTime& empPayrollInfo::SickHours() { return static_cast<empAccruedTime&>(Nested(Id<F::SickHours>)); }
+empAccruedTime& empPayrollInfo::SickHours() { return static_cast<empAccruedTime&>(Nested(kFields.Id(F::SickHours))); }
 empAccruedTime& empPayrollInfo::VacationHours() {
-  return static_cast<empAccruedTime&>(Nested(Id<F::VacationHours>));
+  return static_cast<empAccruedTime&>(Nested(kFields.Id(F::VacationHours)));
 }
 
 }  // namespace brenvale

@@ -77,6 +77,7 @@ struct FieldDef {
   std::int8_t boolDefault = -1;               // Bool: the value while unset (0, 1), also written in an add
   const FieldTags* tags = nullptr;            // when set, the context names the element
   std::string_view clearTag{};                // Children: the flag a modify request sends for an emptied list
+  std::string_view textDefault{};             // Text: the value while unset, also written in an add
 
   // The tag written in a context.
   std::string_view TagIn(const WriteContext& context) const { return tags ? tags->pick(context) : tag; }
@@ -134,6 +135,15 @@ struct FieldDef {
     f.boolDefault = value ? 1 : 0;
     return f;
   }
+  // The same for a text QuickBooks needs in every add (a fixed asset was acquired "New" or "Old").
+  constexpr FieldDef Default(std::string_view value) const {
+    if (kind != ValueKind::Text || value.empty()) throw "only a text has a text default, and not an empty one";
+    FieldDef f = *this;
+    f.textDefault = value;
+    return f;
+  }
+  // (A literal would otherwise take the flag's overload.)
+  constexpr FieldDef Default(const char* value) const { return Default(std::string_view(value)); }
 };
 
 // The field kinds, as declarations write them: field::Text("Name"), field::Ref("ParentRef", ...).

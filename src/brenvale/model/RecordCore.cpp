@@ -104,7 +104,7 @@ Variant& RecordCore::UserData() {
 
 std::string_view RecordCore::TextView(FieldId id) const {
   const Slot* s = values_.Find(id);
-  return s ? values_.Text(*s) : std::string_view();
+  return s ? values_.Text(*s) : decl_->Field(id).textDefault;
 }
 
 bool RecordCore::Bool(FieldId id, bool fallback) const {
@@ -443,8 +443,12 @@ void RecordCore::WriteField(xmlBldr& b, FieldId id, const WriteContext& context)
   if (f.kind == ValueKind::Own) return WriteOwnField(b, id, context);
   const Slot* s = values_.Find(id);
   if (!s) {
-    // A flag QuickBooks needs in an add goes with its default.
-    if (f.boolDefault >= 0 && context.form == Form::Add) b.CreateElement(f.tag, BoolToText(f.boolDefault == 1));
+    // A value QuickBooks needs in an add goes with its default.
+    if (context.form != Form::Add) return;
+    if (f.boolDefault >= 0)
+      b.CreateElement(f.tag, BoolToText(f.boolDefault == 1));
+    else if (!f.textDefault.empty())
+      b.CreateElement(f.tag, f.textDefault);
     return;
   }
   // A modify request clears a field the caller emptied by writing it empty.
@@ -506,8 +510,20 @@ void RecordCore::WriteField(xmlBldr& b, FieldId id, const WriteContext& context)
 
 // --- validation ---------------------------------------------------------------------------------
 
+bool RecordCore::FailsLength(FieldId id, std::string_view value) const {
+  for (const Rule& r : decl_->rules)
+    if (r.kind == RuleKind::MaxLength && r.field == id && TextLength(value) > r.limit) return true;
+  return false;
+}
+
 bool RecordCore::Validate() {
   ValidateContext context = ValidateContext::OfSession();
+  if (state_ != zqObjectStateClean && context.refs && context.mayFetch) {
+    // The names its rules (and its nested records' rules) look up: one query per list, at once.
+    RefCache::Batch names;
+    ForEachReference([&](zqEnumListType list, std::string_view name) { names.Add(list, name); });
+    context.refs->Fetch(names);
+  }
   return Validate(context);
 }
 

@@ -80,6 +80,9 @@ class RecordCore {
   // The names the rules will look up, for a batch to fetch them at once before validating.
   template <class F>
   void ForEachReference(F&& visit) const;
+  // Whether `value` of the field is longer than one of the record's rules allows (a name that fails
+  // its rule is never looked up).
+  bool FailsLength(FieldId id, std::string_view value) const;
 
   // --- generic access by field, for code that walks the declaration -----------------------------
   bool Has(FieldId id) const { return values_.Has(id); }
@@ -218,7 +221,7 @@ void RecordCore::ForEachReference(F&& visit) const {
   for (const Rule& r : decl_->rules) {
     if (r.kind != RuleKind::Exists) continue;
     const std::string_view name = RefFullName(r.field);
-    if (name.empty()) continue;
+    if (name.empty() || FailsLength(r.field, name)) continue;
     const zqEnumListType list = r.list != zqListTypeNone ? r.list : OwnList();
     // A visitor that takes a third argument is told the element a lookup must also bring.
     if constexpr (std::is_invocable_v<F&, zqEnumListType, std::string_view, std::string_view>)

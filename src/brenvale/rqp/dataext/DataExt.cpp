@@ -179,7 +179,7 @@ void HandleDefQuery(Context& co, const Request& rq, Reply& reply) {
   auto& s = co.Data().Db().Prepare("SELECT owner_id, ret FROM data_ext_defs ORDER BY data_ext_id");
   while (s.Step()) defs.emplace_back(std::string(s.Text(0)), std::string(s.Text(1)));
   s.Reset();
-  int count = 0;
+  std::vector<const std::string*> found;
   for (auto& [owner, ret] : defs) {
     if (!owners.empty() && std::find(owners.begin(), owners.end(), owner) == owners.end()) continue;
     if (!objects.empty()) {
@@ -190,13 +190,11 @@ void HandleDefQuery(Context& co, const Request& rq, Reply& reply) {
                        [&](auto& o) { return std::find(assigned.begin(), assigned.end(), o) != assigned.end(); }))
         continue;
     }
-    WriteRecord(co, {}, ret, options, reply.body);
-    ++count;
+    found.push_back(&ret);
   }
-  if (count == 0) {
-    reply.status = 1;
-    reply.message = kNoMatchText;
-  }
+  Found(rq, reply, found.size());
+  if (!CountOnly(rq))
+    for (auto* ret : found) WriteRecord(co, {}, *ret, options, reply.body);
 }
 
 // The object a DataExtAdd/Mod/Del names: a list record's ListID or "COMPANY".

@@ -84,6 +84,20 @@ std::string Ledger::SpecialAccount(std::string_view special) {
   return *out;
 }
 
+std::vector<OpenAmount> Ledger::OpenAmounts(std::string_view entity, const std::vector<std::string>& accounts) {
+  auto& s = store_.Db().Prepare(
+      "SELECT txn_type, txn_id, account, min(date), sum(amount) FROM postings WHERE entity=? AND account IN "
+      "(SELECT value FROM json_each(?)) GROUP BY txn_type, txn_id, account HAVING sum(amount) <> 0 "
+      "ORDER BY min(date), min(id)");
+  s.Bind(1, entity).Bind(2, JsonArray(accounts));
+  std::vector<OpenAmount> out;
+  while (s.Step())
+    out.push_back(OpenAmount{std::string(s.Text(0)), std::string(s.Text(1)), std::string(s.Text(2)),
+                             std::string(s.Text(3)), s.Int(4)});
+  s.Reset();
+  return out;
+}
+
 std::vector<std::string> Ledger::Unbalanced() {
   auto& s = store_.Db().Prepare(
       "SELECT txn_type, txn_id, sum(amount) FROM postings GROUP BY txn_type, txn_id HAVING sum(amount) <> 0");

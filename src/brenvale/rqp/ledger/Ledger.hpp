@@ -35,6 +35,12 @@ struct LedgerEntry {
   std::vector<Posting> postings;
 };
 
+// What one transaction leaves open on an account for an entity: the sum of its postings there.
+struct OpenAmount {
+  std::string txnType, txnId, account, date;
+  std::int64_t amount = 0;  // debit positive, credit negative
+};
+
 // Postings that do not sum to zero, or a company without an account QuickBooks always has: a fault
 // of the engine, never of a request.
 class LedgerError : public std::logic_error {
@@ -57,6 +63,9 @@ class Ledger {
   // The ListID of the account QuickBooks keeps for `special` ("AccountsReceivable",
   // "OpeningBalanceEquity"). Throws LedgerError when the company has none.
   std::string SpecialAccount(std::string_view special);
+  // What each transaction leaves open for `entity` on each of `accounts` (ListIDs), oldest first;
+  // transactions that left nothing open are not listed.
+  std::vector<OpenAmount> OpenAmounts(std::string_view entity, const std::vector<std::string>& accounts);
   // "type id: sum" of every transaction whose postings do not sum to zero (there are none).
   std::vector<std::string> Unbalanced();
 

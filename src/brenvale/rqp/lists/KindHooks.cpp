@@ -82,7 +82,7 @@ void AccountTree(RecordChange& c) {
   if (c.ret.child("SpecialAccountType")) refuse("QuickBooks uses this account for its own purposes; its type cannot be changed.");
   for (auto& child : c.co.Data().Children(c.row.listId))
     if (StoredValue(child.ret, "AccountType") != type)
-      refuse("The type of an account with subaccounts of its type cannot be changed.");
+      refuse("The type of an account with subaccounts cannot be changed.");
 }
 
 void AccountTaxLine(RecordChange& c) {
@@ -146,9 +146,7 @@ void AssemblyComponents(RecordChange& c) {
         "WITH RECURSIVE part(id) AS (SELECT value FROM json_each(?1) UNION SELECT f.target FROM part "
         "JOIN records r ON r.list_id = part.id JOIN refs f ON f.source = r.id AND f.field = 'ItemInventoryRef') "
         "SELECT 1 FROM part WHERE id = ?2 LIMIT 1");
-    std::string json = "[";
-    for (auto& p : parts) json += (json.size() > 1 ? ",\"" : "\"") + p + "\"";
-    s.Bind(1, json + "]").Bind(2, c.row.listId);
+    s.Bind(1, JsonArray(parts)).Bind(2, c.row.listId);
     bool cycle = s.Step();
     s.Reset();
     if (!cycle) return;

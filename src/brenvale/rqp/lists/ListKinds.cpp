@@ -396,6 +396,10 @@ void DeclareListKinds(DeclBuilder& b) {
   b.Request("ItemQueryRq", QueryFields("Item", kDataExt, ""), "requestID,metaData,iterator,iteratorID");
   b.Request("EntityQueryRq", QueryFields("Entity", 0, ""), "requestID,metaData,iterator,iteratorID");
   b.Request("TermsQueryRq", QueryFields("Terms", 0, ""), "requestID,metaData");
+  b.Request("BillToPayQueryRq",
+            "PayeeEntityRef!:ref209 APAccountRef:ref159 DueDate:d CurrencyFilter^8.0=CurrencyFilter "
+            "IncludeRetElement^4.0*:s50",
+            "requestID,metaData", "2.0");
   b.Request("ListDelRq", "ListDelType!:E.ListDelType ListID!:id", "requestID", "1.1");
   b.Request("ListDeletedQueryRq",
             "ListDelType+:E.ListDelType DeletedDateRangeFilter{FromDeletedDate:dt ToDeletedDate:dt} "

@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <variant>
 
+#include "brenvale/rqp/ledger/Ledger.hpp"
 #include "brenvale/rqp/lists/ListKinds.hpp"
 #include "brenvale/rqp/protocol/Guid.hpp"
 #include "brenvale/rqp/protocol/Status.hpp"
@@ -18,21 +19,6 @@ namespace brenvale::rqp::detail {
 namespace {
 
 using Kinds = std::vector<const ListKind*>;
-
-// A JSON array of strings, bound where a statement reads a list with json_each(?).
-std::string JsonList(const std::vector<std::string>& values) {
-  std::string out = "[";
-  for (auto& v : values) {
-    if (out.size() > 1) out += ',';
-    out += '"';
-    for (char c : v) {
-      if (c == '"' || c == '\\') out += '\\';
-      out += c;
-    }
-    out += '"';
-  }
-  return out + "]";
-}
 
 void HandleAdd(Context& co, const Request& rq, Reply& reply, const ListKind& kind) {
   Record r = AddListRecord(co, kind, rq.node.child(kind.addName.c_str()));
@@ -57,12 +43,12 @@ struct Query {
   // Records holding a reference `field` to one of `targets`.
   void Referring(const char* field, const std::vector<std::string>& targets) {
     Add("id IN (SELECT source FROM refs WHERE field=? AND target IN (SELECT value FROM json_each(?)))",
-        std::string(field), JsonList(targets));
+        std::string(field), JsonArray(targets));
   }
   // Records whose indexed value `field` is one of `values`.
   void Valued(const std::string& field, const std::vector<std::string>& values) {
     Add("id IN (SELECT record FROM record_values WHERE field=? AND value IN (SELECT value FROM json_each(?)))",
-        field, JsonList(values));
+        field, JsonArray(values));
   }
 };
 
@@ -195,8 +181,7 @@ void HandleQuery(Context& co, const Request& rq, Reply& reply, const Kinds& kind
   pugi::xml_node node = rq.node;
   std::string iterator(Trim(node.attribute("iterator").value()));
   if (iterator == "Continue" || iterator == "Stop") return ContinueIteration(co, rq, reply, iterator);
-  std::string metaData(Trim(node.attribute("metaData").value()));
-  bool countOnly = metaData == "MetaDataOnly";
+  bool countOnly = CountOnly(rq);
   RetOptions options = OptionsOf(node, rq.version);
   std::int64_t maxReturned = node.child("MaxReturned") ? node.child("MaxReturned").text().as_llong() : -1;
 
@@ -250,16 +235,12 @@ void HandleQuery(Context& co, const Request& rq, Reply& reply, const Kinds& kind
       else rest.push_back(s.Int(0));
     }
     s.Reset();
-    if (total == 0) {
-      reply.status = 1;
-      reply.message = kNoMatchText;
-    }
   }
   if (iterator == "Start" && maxReturned >= 0 && page.size() > static_cast<std::size_t>(maxReturned)) {
     rest.insert(rest.begin(), page.begin() + maxReturned, page.end());
     page.resize(static_cast<std::size_t>(maxReturned));
   }
-  if (!metaData.empty() && metaData != "NoMetaData") reply.Attribute("retCount", std::to_string(total));
+  Found(rq, reply, total);
   if (!countOnly) WriteRows(co, page, options, reply.body);
   if (iterator == "Start") {
     std::size_t remaining = rest.size();
@@ -295,6 +276,8 @@ void HandleListDeletedQuery(Context& co, const Request& rq, Reply& reply) {
   }
   RetOptions options = OptionsOf(rq.node, rq.version);
   auto rows = co.Data().Deleted(types, from, to);
+  Found(rq, reply, rows.size());
+  if (CountOnly(rq)) return;
   for (auto& d : rows) {
     std::string ret = "<ListDeletedRet>";
     AppendElement(ret, "ListDelType", d.delType);
@@ -305,10 +288,65 @@ void HandleListDeletedQuery(Context& co, const Request& rq, Reply& reply) {
     ret += "</ListDeletedRet>";
     WriteRecord(co, {}, ret, options, reply.body);
   }
-  if (rows.empty()) {
-    reply.status = 1;
-    reply.message = kNoMatchText;
+}
+
+// The record of `kinds` a reference of a bills-to-pay query names by ListID or full name; an invalid
+// reference to the `list` when it names none.
+Record Referenced(Context& co, const Kinds& kinds, pugi::xml_node ref, std::string_view list) {
+  std::string value = ref.first_child().text().get();
+  auto r = std::string_view(ref.first_child().name()) == "ListID" ? FindById(co, kinds, value)
+                                                                    : FindByName(co, kinds, value);
+  if (!r) throw InvalidReference(list, value, "Bill To Pay query");
+  return *r;
+}
+
+// A vendor's open bills and the credits it has to apply, each from what its transaction left open
+// on an accounts payable account: a credit balance is a bill to pay, a debit balance a credit to
+// apply. A vendor's opening balance is a bill dated and due on its opening-balance date.
+void HandleBillToPayQuery(Context& co, const Request& rq, Reply& reply) {
+  Record payee = Referenced(co, KindsOf(Family::Entity), rq.node.child("PayeeEntityRef"), "Entity");
+  // Every accounts payable account, or the one named.
+  std::vector<std::string> accounts;
+  auto& payables = co.Data().Db().Prepare(
+      "SELECT r.list_id FROM record_values v JOIN records r ON r.id = v.record "
+      "WHERE v.field = 'AccountType' AND v.value = 'AccountsPayable'");
+  while (payables.Step()) accounts.emplace_back(payables.Text(0));
+  payables.Reset();
+  if (auto apRef = rq.node.child("APAccountRef")) {
+    Record ap = Referenced(co, {KindByBase("Account")}, apRef, "Account");
+    bool payable = std::find(accounts.begin(), accounts.end(), ap.listId) != accounts.end();
+    accounts.assign(payable ? 1 : 0, ap.listId);
   }
+  bool inCurrency = true;
+  if (auto filter = rq.node.child("CurrencyFilter")) {
+    auto& s = co.Data().Db().Prepare("SELECT target FROM refs WHERE source = ? AND field = 'CurrencyRef'");
+    s.Bind(1, payee.rowId);
+    std::string currency = s.Step() ? std::string(s.Text(0)) : std::string();
+    s.Reset();
+    auto wanted = FilterTargets(co, {KindByBase("Currency")}, filter);
+    inCurrency = std::find(wanted.begin(), wanted.end(), currency) != wanted.end();
+  }
+  std::string dueBy = rq.node.child("DueDate").text().get();
+  RetOptions options = OptionsOf(rq.node, rq.version);
+  std::vector<std::string> rets;
+  if (payee.kind == KindByBase("Vendor")->code && inCurrency) {
+    for (auto& open : Ledger(co.Data()).OpenAmounts(payee.listId, accounts)) {
+      bool bill = open.amount < 0;
+      if (bill && !dueBy.empty() && open.date > dueBy) continue;
+      std::string ret = bill ? "<BillToPayRet><BillToPay>" : "<BillToPayRet><CreditToApply>";
+      AppendElement(ret, "TxnID", open.txnId);
+      AppendElement(ret, "TxnType", bill ? "Bill" : "VendorCredit");
+      ret += "<APAccountRef><ListID>" + open.account + "</ListID></APAccountRef>";
+      AppendElement(ret, "TxnDate", open.date);
+      if (bill) AppendElement(ret, "DueDate", open.date);
+      AppendElement(ret, bill ? "AmountDue" : "CreditRemaining",
+                    FormatNumber(VType::Amt, bill ? -open.amount : open.amount));
+      rets.push_back(ret + (bill ? "</BillToPay></BillToPayRet>" : "</CreditToApply></BillToPayRet>"));
+    }
+  }
+  Found(rq, reply, rets.size());
+  if (!CountOnly(rq))
+    for (auto& ret : rets) WriteRecord(co, {}, ret, options, reply.body);
 }
 
 }  // namespace
@@ -331,6 +369,7 @@ void AddListHandlers(HandlerTable& table) {
   combined("TermsQueryRq", Family::Terms);
   table["ListDelRq"] = HandleListDel;
   table["ListDeletedQueryRq"] = HandleListDeletedQuery;
+  table["BillToPayQueryRq"] = HandleBillToPayQuery;
 }
 
 }  // namespace brenvale::rqp::detail

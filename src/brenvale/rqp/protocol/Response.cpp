@@ -5,6 +5,17 @@
 
 namespace brenvale::rqp::detail {
 
+bool CountOnly(const Request& rq) { return Trim(rq.node.attribute("metaData").value()) == "MetaDataOnly"; }
+
+void Found(const Request& rq, Reply& reply, std::size_t total) {
+  std::string_view metaData = Trim(rq.node.attribute("metaData").value());
+  if (!metaData.empty() && metaData != "NoMetaData") reply.Attribute("retCount", std::to_string(total));
+  if (total == 0 && reply.status == 0) {
+    reply.status = 1;
+    reply.message = kNoMatchText;
+  }
+}
+
 void Reply::Attribute(std::string_view name, std::string_view value) {
   attributes += ' ';
   attributes += name;

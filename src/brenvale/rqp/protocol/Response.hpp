@@ -1,5 +1,6 @@
 #pragma once
 // A request as the handlers see it, what they answer, and the response document written from it.
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -22,6 +23,12 @@ struct Reply {
   // Adds an attribute written after the status attributes.
   void Attribute(std::string_view name, std::string_view value);
 };
+
+// Whether a query asks only for the count of what it finds (metaData="MetaDataOnly").
+bool CountOnly(const Request& rq);
+// What every query answers of what it found: its count when the query asks for it (retCount), and
+// QuickBooks' status when it found nothing (unless it was refused otherwise).
+void Found(const Request& rq, Reply& reply, std::size_t total);
 
 // Writes a response document: the envelope around one response element per request.
 class ResponseWriter {

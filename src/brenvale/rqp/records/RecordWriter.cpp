@@ -69,10 +69,8 @@ std::string WithComputed(const ListKind& kind, const Record& record, const std::
 ComputedValues ComputeValues(Context& co, const ListKind& kind, const std::vector<std::int64_t>& rowIds) {
   ComputedValues out;
   if (kind.computedSelect.empty()) return out;
-  std::string ids = "[";
-  for (auto id : rowIds) ids += (ids.size() > 1 ? "," : "") + std::to_string(id);
   auto& s = co.Data().Db().Prepare(kind.computedSelect);
-  s.Bind(1, ids + "]");
+  s.Bind(1, JsonArray(rowIds));
   while (s.Step()) {
     auto& values = out[s.Int(0)];
     for (int col = 1; col <= static_cast<int>(kind.computed.size()); ++col) values.push_back(s.Int(col));

@@ -119,6 +119,26 @@ Statement& Database::Prepare(std::string_view sql) {
 std::int64_t Database::LastInsertId() const { return sqlite3_last_insert_rowid(db_); }
 int Database::Changes() const { return sqlite3_changes(db_); }
 
+std::string JsonArray(const std::vector<std::string>& values) {
+  std::string out = "[";
+  for (auto& v : values) {
+    if (out.size() > 1) out += ',';
+    out += '"';
+    for (char c : v) {
+      if (c == '"' || c == '\\') out += '\\';
+      out += c;
+    }
+    out += '"';
+  }
+  return out + "]";
+}
+
+std::string JsonArray(const std::vector<std::int64_t>& values) {
+  std::string out = "[";
+  for (auto v : values) out += (out.size() > 1 ? "," : "") + std::to_string(v);
+  return out + "]";
+}
+
 Savepoint::Savepoint(Database& db, const char* name) : db_(db), name_(name) {
   db_.Exec(("SAVEPOINT " + name_).c_str());
 }

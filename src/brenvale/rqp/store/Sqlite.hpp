@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -73,6 +74,11 @@ class Database {
   std::list<Cached> recent_;  // most recently used first
   std::unordered_map<std::string_view, std::list<Cached>::iterator> cache_;
 };
+
+// A list bound as one parameter where a statement reads it with json_each(?): a JSON array of the
+// values.
+std::string JsonArray(const std::vector<std::string>& values);
+std::string JsonArray(const std::vector<std::int64_t>& values);
 
 // A savepoint released on Commit() and rolled back when left otherwise.
 class Savepoint {

@@ -86,11 +86,9 @@ std::optional<Record> Store::ByRowId(std::int64_t rowId) {
 }
 
 std::vector<Record> Store::ByRowIds(const std::vector<std::int64_t>& rowIds) {
-  std::string ids = "[";
-  for (auto id : rowIds) ids += (ids.size() > 1 ? "," : "") + std::to_string(id);
   auto& s = db_.Prepare(std::string("SELECT ") + kRecordColumns +
                         " FROM records WHERE id IN (SELECT value FROM json_each(?))");
-  s.Bind(1, ids + "]");
+  s.Bind(1, JsonArray(rowIds));
   std::unordered_map<std::int64_t, Record> found;
   while (s.Step()) {
     Record r = Read(s);

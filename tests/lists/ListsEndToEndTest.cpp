@@ -12,6 +12,7 @@
 #include "brenvale/model/Lists.hpp"
 #include "brenvale/rqp/CompanyEngine.hpp"
 #include "lists/CompanyTestSupport.hpp"
+#include "lists/ListsTestSupport.hpp"
 
 namespace brenvale::testing {
 namespace {

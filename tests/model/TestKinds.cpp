@@ -139,7 +139,8 @@ constexpr RecordDecl kItemDecl{.label = "Item",
                                .mod = kItemMod,
                                .read = kItemRead,
                                .rules = kItemRules,
-                               .list = &kItemFacts};
+                               .list = &kItemFacts,
+                               .dataExt = true};
 constexpr RecordDecl kOtherItemDecl{.label = "Item",
                                .xmlName = "ItemNonInventory",
                                .objectType = zqObjectTypeItemNonInventory,
@@ -150,7 +151,8 @@ constexpr RecordDecl kOtherItemDecl{.label = "Item",
                                .rules = kItemRules,
                                .list = &kItemFacts};
 // The item list itself, for the collection of every kind: its query, label and facts.
-constexpr RecordDecl kAnyItemDecl{.label = "Item", .xmlName = "Item", .list = &kItemFacts};
+constexpr RecordDecl kAnyItemDecl{
+    .label = "Item", .xmlName = "Item", .objectType = zqObjectTypeItem, .list = &kItemFacts, .dataExt = true};
 
 // --- the line and its two forms -------------------------------------------------------------------
 
@@ -188,7 +190,8 @@ constexpr RecordDecl kSalesForm{.label = "txnItemLine",
                                 .addTag = "InvoiceLineAdd",
                                 .modTag = "InvoiceLineMod",
                                 .family = OwnerFamily::Sales,
-                                .make = MakeLine};
+                                .make = MakeLine,
+                                .dataExt = true};
 // A line inside a group line: QuickBooks reports it; it cannot change.
 constexpr RecordDecl kGroupMemberForm{.label = "txnItemLine",
                                       .fields = kLineFields.fields,
@@ -280,7 +283,8 @@ struct TestCustomerDecl {
                                     .mod = kCustomerMod,
                                     .read = kCustomerRead,
                                     .rules = kRules,
-                                    .list = &kCustomerFacts};
+                                    .list = &kCustomerFacts,
+                                    .dataExt = true};
 };
 
 struct TestInvoiceDecl {
@@ -294,7 +298,8 @@ struct TestInvoiceDecl {
                                     .mod = kInvoiceAdd,
                                     .read = kInvoiceRead,
                                     .rules = kRules,
-                                    .txn = &kInvoiceFacts};
+                                    .txn = &kInvoiceFacts,
+                                    .dataExt = true};
 };
 
 // --- the customer ---------------------------------------------------------------------------------

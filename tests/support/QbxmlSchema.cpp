@@ -310,4 +310,21 @@ std::vector<std::string> SchemaChildren(const std::string& parent, const std::st
   return global == d.elements.end() ? std::vector<std::string>{} : d.ChildrenOf(global->second);
 }
 
+std::vector<std::string> SchemaEnumeration(const std::string& element) {
+  std::lock_guard<std::mutex> lock(gLock);
+  const Declarations& d = Decls();
+  auto e = d.elements.find(element);
+  std::vector<std::string> out;
+  if (e == d.elements.end()) return out;
+  std::function<void(xmlNode*)> walk = [&](xmlNode* n) {
+    for (xmlNode* c = n->children; c; c = c->next) {
+      if (c->type != XML_ELEMENT_NODE) continue;
+      if (LocalName(c) == "enumeration") out.push_back(Attr(c, "value"));
+      walk(c);
+    }
+  };
+  walk(e->second);
+  return out;
+}
+
 }  // namespace brenvale::testing

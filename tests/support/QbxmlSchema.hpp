@@ -31,4 +31,8 @@ std::vector<std::string> SchemaChildren(const std::string& element);
 // The same for an element declared inside another (an "ItemLineAdd" inside "BillAdd").
 std::vector<std::string> SchemaChildren(const std::string& parent, const std::string& element);
 
+// The values the schema's top-level element `element` may hold ("ListDataExtType" gives Account,
+// Customer ...); empty when it is not an enumeration.
+std::vector<std::string> SchemaEnumeration(const std::string& element);
+
 }  // namespace brenvale::testing

@@ -419,7 +419,7 @@ TEST_F(ToolTest, EveryKindListsInEveryFormat) {
     }
     ++listed;
   }
-  EXPECT_EQ(listed, 37) << kinds.out;  // the item list and its twelve kinds among them
+  EXPECT_EQ(listed, 38) << kinds.out;  // the item list and its twelve kinds among them
 }
 
 TEST_F(ToolTest, RequestSendsADocumentAndReportsFailedResponses) {
@@ -638,6 +638,68 @@ TEST_F(ToolTest, EveryItemKindAddsListsAndModifies) {
     EXPECT_NE(r.status, 0) << Lines(r);
     EXPECT_NE(r.err.find(expected), std::string::npos) << Lines(r);
   }
+}
+
+TEST_F(ToolTest, CustomFieldsAreSetWithTheRecordListedAndChanged) {
+  const std::string guid = "{0A1B2C3D-4E5F-4061-8293-A4B5C6D7E8F9}";
+  Result defined = Tool({"--format", "json", "add", "DataExtensionDefinition", "OwnerID=" + guid,
+                         "DataExtName=Budget", "DataExtType=INTTYPE", "AssignToObject=Account"});
+  ASSERT_EQ(defined.status, 0) << Lines(defined);
+  EXPECT_EQ(JsonText(defined.out, "OwnerID"), guid) << defined.out;
+
+  Result travel = Tool({"--format", "json", "add", "Account", "Name=Travel", "AccountType=Expense", "--owner", guid,
+                        "--field", "Budget=1200"});
+  ASSERT_EQ(travel.status, 0) << Lines(travel);
+  EXPECT_NE(travel.out.find("\"CustomFields\": {\"Budget\": \"1200\"}"), std::string::npos) << travel.out;
+  const std::string travelId = JsonText(travel.out, "ListID");
+
+  // Read back with the account, as a column of its own; without --owner they are not asked for.
+  Result listed = Tool({"list", "Account", "--fields", "Name", "--owner", guid, "--name-starts", "Tr"});
+  EXPECT_EQ(listed.out, "Name    Budget\nTravel  1200\n") << Lines(listed);
+  EXPECT_EQ(Tool({"list", "Account", "--fields", "Name", "--name-starts", "Tr"}).out, "Name\nTravel\n");
+  Result asXml = Tool({"list", "Account", "--owner", guid, "--name-starts", "Tr", "--format", "xml"});
+  EXPECT_NE(asXml.out.find("<DataExtName>Budget</DataExtName>"), std::string::npos) << Lines(asXml);
+
+  // Changed alone, without a field of the account's.
+  Result changed = Tool({"--format", "json", "modify", "Account", travelId, "--owner", guid, "--field", "Budget=1500"});
+  ASSERT_EQ(changed.status, 0) << Lines(changed);
+  EXPECT_EQ(Tool({"list", "Account", "--fields", "Name", "--owner", guid, "--name-starts", "Tr"}).out,
+            "Name    Budget\nTravel  1500\n");
+
+  // QuickBooks' own custom fields, on a customer.
+  ASSERT_EQ(Tool({"add", "DataExtensionDefinition", "DataExtName=Region", "AssignToObject=Customer"}).status, 0);
+  Result ann = Tool({"add", "Customer", "Name=Ann", "--field", "Region=North"});
+  ASSERT_EQ(ann.status, 0) << Lines(ann);
+  EXPECT_EQ(Tool({"list", "Customer", "--fields", "Name", "--owner", "0"}).out, "Name  Region\nAnn   North\n");
+
+  struct Case {
+    std::vector<std::string> args;
+    int status;
+    std::string expected;  // in stderr
+  };
+  const std::vector<Case> refused = {
+      {{"add", "JobType", "Name=Install", "--field", "Region=North"}, 2, "JobType records have no custom fields"},
+      {{"add", "Account", "Name=Meals", "AccountType=Expense", "--field", "Budget"}, 2,
+       "expected --field NAME=VALUE, got 'Budget'"},
+      {{"add", "Account", "Name=Meals", "AccountType=Expense", "--owner", "me", "--field", "Budget=1"}, 2,
+       "--owner expects 0 or an application's GUID"},
+      {{"add", "Account", "Name=Meals", "AccountType=Expense", "--owner", guid, "--field", "Budget=1",
+        "--field", "Budget=2"}, 2, "custom field Budget is given twice"},
+      {{"modify", "Account", travelId}, 2, "modify needs a FIELD=VALUE or a --field NAME=VALUE"},
+      {{"add", "Account", "Name=Meals", "AccountType=Expense", "--owner", guid, "--field", "Mileage=5"}, 1,
+       "Specified data extension in not defined for this object type."},
+      {{"add", "Account", "Name=Meals", "AccountType=Expense", "--owner", guid, "--field", "Budget=lots"}, 1,
+       "Type mismatch"},
+      {{"add", "Account", "Name=Meals", "AccountType=Expense", "--field", "Budget=1"}, 1,
+       "Specified data extension in not defined for this object type."},
+  };
+  for (const Case& c : refused) {
+    Result r = Tool(c.args);
+    EXPECT_EQ(r.status, c.status) << Lines(r);
+    EXPECT_NE(r.err.find(c.expected), std::string::npos) << Lines(r);
+  }
+  // None of the refused accounts was added.
+  EXPECT_EQ(Tool({"list", "Account", "--fields", "Name", "--name-starts", "Meals"}).out, "Name\n");
 }
 
 TEST_F(ToolTest, DemoRunsOnAFreshCompanyAndAgainOnTheSameOne) {

@@ -15,6 +15,7 @@
 #include "WebConnector.hpp"
 #include "brenvale/company/BrenvaleGlobals.hpp"
 #include "brenvale/core/Enumerations.hpp"
+#include "brenvale/model/DataExtensions.hpp"
 #include "brenvale/qbxml/Conversions.hpp"
 #include "brenvale/qbxml/Dom.hpp"
 #include "brenvale/qbxml/ResponseView.hpp"
@@ -112,6 +113,7 @@ const char* FieldKindName(ValueKind k) {
     case ValueKind::Enum: return "one of a list of values";
     case ValueKind::Aggregate: return "a group of fields";
     case ValueKind::Children: return "a list of records";
+    case ValueKind::Own: return "text of its own form";
   }
   return "";
 }
@@ -216,6 +218,50 @@ int RunInfo(const GlobalOptions& g) {
   return kExitOk;
 }
 
+// --- custom fields -------------------------------------------------------------------------
+
+using CustomValues = std::vector<std::pair<std::string, std::string>>;
+
+// "0" (QuickBooks' own custom fields) or an application's GUID, {8-4-4-4-12 hex digits}.
+void CheckOwner(const std::string& owner) {
+  if (owner == "0") return;
+  static constexpr std::string_view kShape = "{XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}";
+  bool fits = owner.size() == kShape.size();
+  for (std::size_t i = 0; fits && i < owner.size(); ++i)
+    fits = kShape[i] == 'X' ? std::isxdigit(static_cast<unsigned char>(owner[i])) != 0 : owner[i] == kShape[i];
+  if (!fits) throw UsageError("--owner expects 0 or an application's GUID like " + std::string(kShape) + ", got '" + owner + "'");
+}
+
+// The `--field NAME=VALUE` arguments, checked before anything is opened.
+CustomValues ParseCustomFields(const Kind& kind, const std::string& owner, const std::vector<std::string>& fields) {
+  CheckOwner(owner);
+  CustomValues values;
+  if (!fields.empty() && !kind.decl().dataExt) throw UsageError(kind.name + " records have no custom fields");
+  for (const std::string& a : fields) {
+    const std::size_t eq = a.find('=');
+    if (eq == std::string::npos || eq == 0) throw UsageError("expected --field NAME=VALUE, got '" + a + "'");
+    std::string name = a.substr(0, eq);
+    if (TextLength(name) > 31) throw UsageError("custom field name '" + name + "' is longer than 31 characters");
+    for (const auto& [seen, v] : values)
+      if (seen == name) throw UsageError("custom field " + name + " is given twice");
+    values.emplace_back(std::move(name), a.substr(eq + 1));
+  }
+  return values;
+}
+
+// Makes `owner` the application whose fields the session reads and writes (QuickBooks' own need none).
+void UseOwner(const std::string& owner) {
+  if (owner != "0") BrenvaleGlobals::QBConnection().RegisterDataExtensionsGUID(owner);
+}
+
+// Sets the record's custom fields of `owner`; they are saved with the record's commit. A name not
+// defined for the kind raises the library's error.
+void SetCustomFields(ListRecord& record, const std::string& owner, const CustomValues& values) {
+  if (values.empty()) return;
+  DataExtensions& fields = owner == "0" ? record.CustomFields() : record.ApplicationFields();
+  for (const auto& [name, value] : values) fields[name].ValueAsString(value);
+}
+
 // --- list ------------------------------------------------------------------------------------
 
 struct ListOptions {
@@ -224,6 +270,7 @@ struct ListOptions {
   Long max = 0;
   bool activeOnly = false;
   std::vector<std::string> fields;
+  std::string owner;  // with --owner, the records come with that owner's custom fields
   CLI::Option* active = nullptr;
   CLI::Option* starts = nullptr;
   CLI::Option* contain = nullptr;
@@ -246,8 +293,16 @@ int RunList(const GlobalOptions& g, const ListOptions& o) {
   if (*o.since && !IsDateText(o.modifiedSince))
     throw UsageError("--modified-since expects a date (yyyy-mm-dd or yyyy-mm-ddThh:mm:ss), got '" +
                      o.modifiedSince + "'");
+  if (!o.owner.empty()) {
+    CheckOwner(o.owner);
+    if (!schema.dataExt) throw UsageError(kind.name + " records have no custom fields");
+  }
   OpenCompany(g);
   ListCollectionBase& c = kind.master();
+  if (!o.owner.empty()) {
+    UseOwner(o.owner);
+    c.IncludeDataExtensions(o.owner == "0");
+  }
   {
     Progress progress("reading " + kind.plural);
     if (*o.active)
@@ -275,6 +330,8 @@ struct AddOptions {
   std::string kind;
   std::vector<std::string> assignments;
   std::vector<std::string> fields;
+  std::vector<std::string> customFields;  // --field NAME=VALUE
+  std::string owner = "0";
 };
 
 void PrintRecordErrors(std::ostream& err, const Kind& kind, ListRecord& record, ListCollectionBase& c,
@@ -360,10 +417,13 @@ int RunAdd(const GlobalOptions& g, const AddOptions& o) {
   if (!kind.addNew) throw UsageError(kind.name + " records cannot be added: QuickBooks only reads them");
   const std::vector<FieldId> columns = TableColumns(schema, o.fields);
   const auto values = ParseAssignments(kind, Form::Add, o.assignments);
+  const CustomValues custom = ParseCustomFields(kind, o.owner, o.customFields);
   OpenCompany(g);
+  UseOwner(o.owner);
   ListCollectionBase& c = kind.master();
   ListRecord& record = kind.addNew();
   Assign(record, values);
+  SetCustomFields(record, o.owner, custom);
   if (!CommitRecord(kind, c, record, "added")) return kExitLibrary;
   PrintRecords(std::cout, g.OutputFormat(), schema, {&record}, columns);
   return kExitOk;
@@ -376,6 +436,8 @@ struct ModifyOptions {
   std::string listId;
   std::vector<std::string> assignments;
   std::vector<std::string> fields;
+  std::vector<std::string> customFields;  // --field NAME=VALUE
+  std::string owner = "0";
 };
 
 int RunModify(const GlobalOptions& g, const ModifyOptions& o) {
@@ -384,7 +446,10 @@ int RunModify(const GlobalOptions& g, const ModifyOptions& o) {
   const std::vector<FieldId> columns = TableColumns(schema, o.fields);
   // A kind QuickBooks cannot modify takes its add fields, so that the library answers with its refusal.
   const auto values = ParseAssignments(kind, schema.mod.empty() ? Form::Add : Form::Mod, o.assignments);
+  const CustomValues custom = ParseCustomFields(kind, o.owner, o.customFields);
+  if (values.empty() && custom.empty()) throw UsageError("modify needs a FIELD=VALUE or a --field NAME=VALUE");
   OpenCompany(g);
+  UseOwner(o.owner);
   ListCollectionBase& c = kind.master();
   ListRecord* record = nullptr;
   {
@@ -397,6 +462,7 @@ int RunModify(const GlobalOptions& g, const ModifyOptions& o) {
     throw ToolFailure(kExitLibrary, "the record with ListID '" + o.listId + "' is a " +
                                         std::string(record->Decl().xmlName) + ", not a " + kind.name);
   Assign(*record, values);
+  SetCustomFields(*record, o.owner, custom);
   if (!CommitRecord(kind, c, *record, "changed")) return kExitLibrary;
   PrintRecords(std::cout, g.OutputFormat(), schema, {record}, columns);
   return kExitOk;
@@ -503,6 +569,16 @@ int RunRequest(const GlobalOptions& g, const std::string& file) {
   return ReportFailedResponses(doc) ? kExitOk : kExitLibrary;
 }
 
+// `--field NAME=VALUE` (repeated) and `--owner ID` of add and modify.
+void AddCustomFieldOptions(CLI::App* command, std::vector<std::string>& fields, std::string& owner) {
+  command->add_option("--field", fields, "A custom field's value (the field defined for the kind)")
+      ->type_name("NAME=VALUE")
+      ->allow_extra_args(false);
+  command->add_option("--owner", owner, "The custom fields' owner: 0, QuickBooks' own (the default), or an "
+                                        "application's GUID")
+      ->type_name("ID");
+}
+
 }  // namespace
 
 void AddCommands(CLI::App& app, const GlobalOptions& g, Runner& run) {
@@ -544,6 +620,9 @@ void AddCommands(CLI::App& app, const GlobalOptions& g, Runner& run) {
   lo->since =
       list->add_option("--modified-since", lo->modifiedSince, "Records modified since DATE (yyyy-mm-dd)")
           ->type_name("DATE");
+  list->add_option("--owner", lo->owner, "Show the custom fields of this owner: 0, QuickBooks' own, or an "
+                                         "application's GUID")
+      ->type_name("ID");
   list->add_option("--max", lo->max, "At most N records")->type_name("N")->check(CLI::PositiveNumber);
   list->add_option("--fields", lo->fields, "Table columns, comma-separated ('all' for every field)")
       ->delimiter(',')
@@ -562,10 +641,12 @@ void AddCommands(CLI::App& app, const GlobalOptions& g, Runner& run) {
   add->add_option("--fields", ao->fields, "Table columns of the added record, comma-separated")
       ->delimiter(',')
       ->type_name("FIELD,...");
+  AddCustomFieldOptions(add, ao->customFields, ao->owner);
   add->footer(
       std::string(kGlobalsNote) +
       "\nThe record is validated by the library first; failures print each error's number and message."
-      "\nExample: brenvale add JobType Name=Retrofit Parent=Installation");
+      "\nExample: brenvale add JobType Name=Retrofit Parent=Installation"
+      "\nExample: brenvale add Account Name=Travel AccountType=Expense --owner GUID --field Budget=1200");
   add->callback([&g, &run, ao] { run = [&g, ao] { return RunAdd(g, *ao); }; });
 
   // modify
@@ -574,7 +655,8 @@ void AddCommands(CLI::App& app, const GlobalOptions& g, Runner& run) {
       app.add_subcommand("modify", "Change a record: brenvale modify KIND LISTID Field=Value...");
   modify->add_option("KIND", mo->kind, "The kind of record (see 'brenvale kinds')")->required();
   modify->add_option("LISTID", mo->listId, "The record's ListID")->required();
-  modify->add_option("FIELD=VALUE", mo->assignments, "New field values, by qbXML tag")->required();
+  modify->add_option("FIELD=VALUE", mo->assignments, "New field values, by qbXML tag");
+  AddCustomFieldOptions(modify, mo->customFields, mo->owner);
   modify->add_option("--fields", mo->fields, "Table columns of the changed record, comma-separated")
       ->delimiter(',')
       ->type_name("FIELD,...");

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <variant>
 
+#include "brenvale/model/DataExtensions.hpp"
 #include "brenvale/qbxml/Conversions.hpp"
 #include "brenvale/qbxml/xmlBldr.hpp"
 
@@ -65,6 +66,15 @@ std::string JsonValue(const RecordCore& record, FieldId id) {
   return text.empty() && !std::holds_alternative<std::string>(v) ? "null" : JsonString(text);
 }
 
+// The custom field values a record holds, QuickBooks' own first, then the application's.
+std::vector<const DataExtension*> CustomValues(const ListRecord& record) {
+  std::vector<const DataExtension*> out;
+  for (const DataExtensions* fields : {record.FindCustomFields(), record.FindApplicationFields()})
+    if (fields)
+      for (const DataExtension& value : *fields) out.push_back(&value);
+  return out;
+}
+
 // A field's value in a table cell; a nested record's parts joined by ", ".
 std::string CellText(const RecordCore& record, FieldId id) {
   if (record.Decl().Field(id).kind != ValueKind::Aggregate) return record.ValueText(id);
@@ -89,6 +99,15 @@ void PrintJson(std::ostream& out, const RecordDecl& collectionDecl, const std::v
     if (&decl != &collectionDecl) out << "\"kind\": " << JsonString(decl.xmlName) << ", ";
     for (std::size_t f = 0; f < fields.size(); ++f) {
       out << (f ? ", " : "") << JsonString(decl.Field(fields[f]).tag) << ": " << JsonValue(*records[r], fields[f]);
+    }
+    if (decl.dataExt) {
+      out << ", \"CustomFields\": {";
+      const char* sep = "";
+      for (const DataExtension* v : CustomValues(*records[r])) {
+        out << sep << JsonString(v->Name()) << ": " << (v->HasValue() ? JsonString(v->ValueText()) : "null");
+        sep = ", ";
+      }
+      out << "}";
     }
     out << "}";
   }
@@ -188,12 +207,23 @@ void PrintRecords(std::ostream& out, Format format, const RecordDecl& decl,
     case Format::Xml: PrintXml(out, decl, records); return;
     case Format::Table: break;
   }
+  // Custom fields held by any record are columns of their own, after the fields.
+  std::vector<std::string> custom;
+  for (ListRecord* record : records)
+    for (const DataExtension* v : CustomValues(*record))
+      if (std::find(custom.begin(), custom.end(), v->Name()) == custom.end()) custom.push_back(v->Name());
   std::vector<std::vector<std::string>> rows;
   rows.emplace_back();
   for (FieldId id : columns) rows.back().push_back(std::string(decl.Field(id).tag));
+  rows.back().insert(rows.back().end(), custom.begin(), custom.end());
   for (ListRecord* record : records) {
     rows.emplace_back();
     for (FieldId id : columns) rows.back().push_back(CellText(*record, id));
+    const std::vector<const DataExtension*> values = CustomValues(*record);
+    for (const std::string& name : custom) {
+      auto held = std::find_if(values.begin(), values.end(), [&](const DataExtension* v) { return v->Name() == name; });
+      rows.back().push_back(held == values.end() ? std::string() : (*held)->ValueText());
+    }
   }
   PrintTable(out, rows);
 }

@@ -19,7 +19,8 @@ std::vector<FieldId> KindFields(const RecordDecl& decl);
 // An unknown name is a usage error that lists the kind's fields.
 std::vector<FieldId> TableColumns(const RecordDecl& decl, const std::vector<std::string>& names);
 
-// Prints records of one kind. The table shows `columns`; JSON and qbXML carry every field.
+// Prints records of one kind. The table shows `columns`, then a column per custom field the records
+// hold; JSON carries every field and the custom fields ("CustomFields"), qbXML every field.
 void PrintRecords(std::ostream& out, Format format, const RecordDecl& decl,
                   const std::vector<ListRecord*>& records, const std::vector<FieldId>& columns);
 

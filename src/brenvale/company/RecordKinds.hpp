@@ -2,6 +2,7 @@
 // The record kinds the library offers, in one place. The master collections, the library globals,
 // the umbrella header and the tool read this list: adding a kind is its include below and one line
 // in the list.
+#include "brenvale/dataext/DataExtensionDefinitions.hpp"
 #include "brenvale/lists/Accounts.hpp"
 #include "brenvale/lists/Classes.hpp"
 #include "brenvale/lists/CustomerMessages.hpp"
@@ -51,4 +52,5 @@
   X(PayrollItemNonWages, PayrollItemNonWage) \
   X(TaxCodes, TaxCode)                   \
   X(PriceLevels, PriceLevel)             \
-  X(Items, zkItem)
+  X(Items, zkItem)                       \
+  X(DataExtensionDefinitions, DataExtensionDefinition)

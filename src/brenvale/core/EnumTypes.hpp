@@ -83,15 +83,9 @@ enum zqEnumListObjectType : std::int32_t {
   zqObjectTypeBillPayment = 64,  // either payment form
   zqObjectTypeStatementCharge = zqObjectTypeCharge,
 };
-// True for the list kinds, false for transactions (and the company).
-constexpr bool IsListObjectType(zqEnumListObjectType t) {
+// True for the twelve kinds of item.
+constexpr bool IsItemObjectType(zqEnumListObjectType t) {
   switch (t) {
-    case zqObjectTypeAccount:
-    case zqObjectTypeClass:
-    case zqObjectTypeCustomerMsg:
-    case zqObjectTypeCustomerType:
-    case zqObjectTypeDateDrivenTerms:
-    case zqObjectTypeStandardTerms:
     case zqObjectTypeItemDiscount:
     case zqObjectTypeItemGroup:
     case zqObjectTypeItemInventory:
@@ -99,11 +93,27 @@ constexpr bool IsListObjectType(zqEnumListObjectType t) {
     case zqObjectTypeItemNonInventory:
     case zqObjectTypeItemOtherCharge:
     case zqObjectTypeItemPayment:
-    case zqObjectTypeCustomer:
     case zqObjectTypeItemSalesTax:
     case zqObjectTypeItemSalesTaxGroup:
     case zqObjectTypeItemService:
     case zqObjectTypeItemSubtotal:
+    case zqObjectTypeItemFixedAsset:
+      return true;
+    default:
+      return false;
+  }
+}
+// True for the list kinds, false for transactions (and the company).
+constexpr bool IsListObjectType(zqEnumListObjectType t) {
+  if (IsItemObjectType(t)) return true;
+  switch (t) {
+    case zqObjectTypeAccount:
+    case zqObjectTypeClass:
+    case zqObjectTypeCustomerMsg:
+    case zqObjectTypeCustomerType:
+    case zqObjectTypeDateDrivenTerms:
+    case zqObjectTypeStandardTerms:
+    case zqObjectTypeCustomer:
     case zqObjectTypeJobType:
     case zqObjectTypeVendor:
     case zqObjectTypeOtherName:
@@ -124,7 +134,6 @@ constexpr bool IsListObjectType(zqEnumListObjectType t) {
     case zqObjectTypeTaxCode:
     case zqObjectTypeCurrency:
     case zqObjectTypeUnitOfMeasureSet:
-    case zqObjectTypeItemFixedAsset:
     case zqObjectTypeDataExtDef:
       return true;
     default:

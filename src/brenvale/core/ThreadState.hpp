@@ -16,6 +16,7 @@ enum class StateSlot : std::size_t {
   Session,        // qbxml: the session values
   Lists,          // model: the index of master collections
   References,     // model: the reference cache
+  DataExtDefs,    // model: the data-extension definitions known to the session
   Collections,    // company: the master collections
   Connection,     // company: the library-wide connection
   Count,

@@ -80,7 +80,8 @@ constexpr RecordDecl kDecl{.label = "Account",
                            .mod = kMod,
                            .read = kRead,
                            .rules = kRules,
-                           .list = &kFacts};
+                           .list = &kFacts,
+                           .dataExt = true};
 
 constexpr FieldId kTaxLine = kFields.Id(F::TaxLineInfoRet);
 

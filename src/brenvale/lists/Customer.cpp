@@ -131,7 +131,8 @@ constexpr RecordDecl kDecl{.label = "Customer",
                            .mod = kMod,
                            .read = kRead,
                            .rules = kRules,
-                           .list = &kFacts};
+                           .list = &kFacts,
+                           .dataExt = true};
 constexpr EntityFieldIds kIds = EntityIds(kFields);
 
 }  // namespace

@@ -87,7 +87,8 @@ struct EmployeeDecl {
                                     .mod = kMod,
                                     .read = kRead,
                                     .rules = kRules,
-                                    .list = &kFacts};
+                                    .list = &kFacts,
+                                    .dataExt = true};
 };
 
 const RecordDecl& Employee::Declaration() { return EmployeeDecl::kDecl; }

@@ -65,7 +65,8 @@ struct OtherNameDecl {
                                     .mod = kMod,
                                     .read = kRead,
                                     .rules = kRules,
-                                    .list = &kFacts};
+                                    .list = &kFacts,
+                                    .dataExt = true};
 };
 
 const RecordDecl& OtherName::Declaration() { return OtherNameDecl::kDecl; }

@@ -99,7 +99,8 @@ struct VendorDecl {
                                     .mod = kMod,
                                     .read = kRead,
                                     .rules = kRules,
-                                    .list = &kFacts};
+                                    .list = &kFacts,
+                                    .dataExt = true};
 };
 
 Vendor::~Vendor() = default;

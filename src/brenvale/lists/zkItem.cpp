@@ -17,7 +17,8 @@ constexpr RecordDecl kDecl{.label = "Item",
                            .objectType = zqObjectTypeItem,
                            .fields = detail::kItemFields.fields,
                            .read = kListRead,
-                           .list = &detail::kItemFacts};
+                           .list = &detail::kItemFacts,
+                           .dataExt = true};
 }  // namespace
 
 const RecordDecl& zkItem::Declaration() { return kDecl; }

@@ -1,6 +1,8 @@
 #include "brenvale/model/BaseRecord.hpp"
 
 #include "brenvale/core/BrenvaleError.hpp"
+#include "brenvale/core/Enumerations.hpp"
+#include "brenvale/model/DataExtensions.hpp"
 #include "brenvale/qbxml/xmlBldr.hpp"
 
 namespace brenvale {
@@ -33,6 +35,19 @@ Long BaseRecord::XMLModify(xmlBldr& cxmlbldr) {
 Long BaseRecord::XMLQueryRs(xmlBldr& cxmlbldr) {
   // The record in response form: every element it holds, in the order QuickBooks writes them.
   WriteBody(cxmlbldr, WriteContext::OfSession(Form::Ret));
+  // Then its custom fields, last as QuickBooks answers them: QuickBooks' own, then the application's.
+  for (const DataExtensions* fields : {FindCustomFields(), FindApplicationFields()}) {
+    if (!fields) continue;
+    for (const DataExtension& value : *fields) {
+      if (!value.HasValue()) continue;
+      cxmlbldr.OpenAggregateOnly("DataExtRet");
+      cxmlbldr.CreateElement("OwnerID", value.OwnerId());
+      cxmlbldr.CreateElement("DataExtName", value.Name());
+      cxmlbldr.CreateElement("DataExtType", EnumCatalogue(zqeDataExtDataTypes).XMLTagOf(value.DataType()));
+      cxmlbldr.CreateElement("DataExtValue", value.ValueText());
+      cxmlbldr.EndAggregate("DataExtRet");
+    }
+  }
   return 0;
 }
 

@@ -22,6 +22,10 @@ class BaseRecord : public RecordCore, public zkBase {
 
   // The identity (ListID, TxnID) and EditSequence, ahead of a Mod body.
   void WriteLead(xmlBldr& b, const WriteContext& context) const override;
+  // Its values are kept on the record's kind, under its ListID or TxnID.
+  DataExtTarget DataExtTargetOf() const override {
+    return {Decl().objectType, std::string(TextView(idField_)), {}};
+  }
 
  private:
   FieldId idField_;

@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "brenvale/core/detail/PointeeIterator.hpp"
 #include "brenvale/core/zkErrors.hpp"
 #include "brenvale/model/RecordCore.hpp"
 
@@ -60,21 +61,7 @@ class ChildList {
   zkErrors& Errors() const { return list_->Errors(); }
   ChildListBase& Base() const { return *list_; }
 
-  class iterator {
-   public:
-    using Inner = std::vector<std::unique_ptr<RecordCore>>::const_iterator;
-    explicit iterator(Inner it) : it_(it) {}
-    T& operator*() const { return static_cast<T&>(**it_); }
-    T* operator->() const { return &static_cast<T&>(**it_); }
-    iterator& operator++() {
-      ++it_;
-      return *this;
-    }
-    bool operator==(const iterator& o) const { return it_ == o.it_; }
-
-   private:
-    Inner it_;
-  };
+  using iterator = detail::PointeeIterator<std::vector<std::unique_ptr<RecordCore>>::const_iterator, T>;
   iterator begin() const { return iterator(list_->begin()); }
   iterator end() const { return iterator(list_->end()); }
 

@@ -5,6 +5,8 @@
 #include "brenvale/core/BrenvaleError.hpp"
 #include "brenvale/model/ListRecord.hpp"
 #include "brenvale/model/RefCache.hpp"
+#include "brenvale/model/detail/DataExtBatch.hpp"
+#include "brenvale/model/detail/DataExtCatalog.hpp"
 #include "brenvale/qbxml/Session.hpp"
 #include "brenvale/qbxml/xmlBldr.hpp"
 
@@ -103,6 +105,17 @@ void CollectionCore::ClearRecords() {
 }
 
 // --- reading --------------------------------------------------------------------------------------
+
+void CollectionCore::IncludeDataExtensions(bool value) {
+  if (value && !decl_->dataExt) Raise(1030, CollectionLabel());
+  includeDataExt_ = value;
+}
+
+void CollectionCore::WriteOwnerIDs(xmlBldr& b) const {
+  if (!decl_->dataExt) return;
+  detail::InstallDataExtHook();
+  b.AddDataExtTag(includeDataExt_, decl_->objectType);
+}
 
 Long CollectionCore::Fill(const ResponseView::Response& response) {
   lastRead_.clear();
@@ -218,6 +231,24 @@ Long CollectionCore::SendBatch(const std::vector<std::size_t>& batch, bool singl
   return committed;
 }
 
+void CollectionCore::SaveValues(const std::vector<std::size_t>& positions, bool single) {
+  detail::DataExtBatch values;
+  std::vector<std::size_t> holding;
+  for (std::size_t position : positions) {
+    RecordCore& r = *entries_[position - 1].record;
+    // A record QuickBooks does not hold (yet) keeps its values waiting.
+    if (!r.Decl().dataExt || r.ObjectState() != zqObjectStateClean) continue;
+    const std::size_t before = values.Size(), refused = values.Refused();
+    r.AddDataExtChanges(values);
+    if (values.Size() != before || values.Refused() != refused) holding.push_back(position);
+  }
+  if (holding.empty()) return;
+  values.Send();
+  for (std::size_t position : holding)
+    if (entries_[position - 1].record->ReportDataExtFailures() > 0)
+      errors_.AddCode(1018, std::to_string(single ? 1 : position));
+}
+
 bool CollectionCore::ValidateAll() {
   errors_.Clear();
   RefCache& refs = TheRefCache();
@@ -283,6 +314,13 @@ Long CollectionCore::CommitBatch(RecordCore* member, bool raise, Long* failures)
     const std::vector<std::size_t> part(batch.begin() + static_cast<std::ptrdiff_t>(from),
                                         batch.begin() + static_cast<std::ptrdiff_t>(std::min(batch.size(), from + CommitMessageSize)));
     committed += SendBatch(part, member != nullptr);
+  }
+  if (member) {
+    if (const std::size_t position = PositionOf(*member)) SaveValues({position}, true);
+  } else {
+    std::vector<std::size_t> all(entries_.size());
+    for (std::size_t i = 0; i < all.size(); ++i) all[i] = i + 1;
+    SaveValues(all, false);
   }
   if (!batch.empty()) {
     if (CommitList() != zqListTypeNone) refs.ForgetMissing(CommitList());

@@ -51,6 +51,12 @@ class CollectionCore {
   // The class label of the collection's raised errors and entries.
   virtual std::string_view CollectionLabel() const { return decl_->label; }
 
+  // Whether queries also ask for QuickBooks' own custom fields of the records (OwnerID 0); only a
+  // kind that carries data extensions has them (1030 otherwise). The fields of the application whose
+  // GUID is registered come whenever it has a definition for the kind.
+  bool IncludeDataExtensions() const { return includeDataExt_; }
+  void IncludeDataExtensions(bool value);
+
   // Requests per message of a commit. A batch larger than this goes as several messages, one after
   // the other: QuickBooks runs a message as one transaction, and a very large one takes longer than
   // its parts; if an exchange fails, what the earlier messages committed stays committed.
@@ -72,6 +78,10 @@ class CollectionCore {
   Long Fill(const ResponseView::Response& response);
   // The records the last Fill read, in order.
   const std::vector<RecordCore*>& LastRead() const { return lastRead_; }
+
+  // Writes the "OwnerID" elements of a query of a kind that carries data extensions (nothing for
+  // another kind): the public fields' when asked for, the registered application's when it has some.
+  void WriteOwnerIDs(xmlBldr& b) const;
 
   // Sends a finished request document and returns its first response; a document QuickBooks
   // answered without any response raises 1001.
@@ -101,6 +111,10 @@ class CollectionCore {
   };
   // Sends the records at these positions (request IDs) in one message and reads the answers.
   Long SendBatch(const std::vector<std::size_t>& batch, bool single);
+  // Saves, in one message, the data extension values waiting on the records at these positions that
+  // QuickBooks holds (a record just added has its ListID or TxnID now); a record with a value refused
+  // gets the reason in its Errors and 1018 in the collection's.
+  void SaveValues(const std::vector<std::size_t>& positions, bool single);
   // Files entry `position` under its record's current key, unless the key is empty or taken.
   void Key(std::size_t position);
   std::size_t Find(const KeyParts& key, std::uint64_t hash) const;
@@ -108,6 +122,7 @@ class CollectionCore {
 
   const RecordDecl* decl_;
   bool master_;
+  bool includeDataExt_ = false;
   std::vector<Entry> entries_;
   RecordIndex index_;
   std::vector<RecordCore*> lastRead_;

@@ -21,6 +21,9 @@ struct WriteContext;
 // A field's position in its kind's field table.
 using FieldId = std::uint8_t;
 inline constexpr FieldId kNoField = 0xFF;
+// The slot a record keeps its data extensions in, beside its fields (a table has at most 254
+// fields, ids 0 to 253).
+inline constexpr FieldId kDataExtSlot = 0xFE;
 
 enum class ValueKind : std::uint8_t {
   Text,       // written as given
@@ -35,6 +38,8 @@ enum class ValueKind : std::uint8_t {
   Ref,        // a reference aggregate: <TagRef><ListID/><FullName/></TagRef>
   Aggregate,  // one nested record declared by its own table (an address, a price block)
   Children,   // a repeated element, one child record each (transaction lines, group members)
+  Own,        // kept, read and written by the record itself, in its declared place (a repeated value,
+              // an element whose text in a modify request is computed)
 };
 
 // A qbXML version ("8.0" is {8, 0}); {0, 0}: every version.
@@ -169,6 +174,9 @@ constexpr FieldDef Aggregate(std::string_view tag, const RecordDecl& (*body)()) 
 constexpr FieldDef Children(std::string_view tag, const RecordDecl& (*body)()) {
   return {.tag = tag, .kind = ValueKind::Children, .body = body};
 }
+// An element the record keeps, reads and writes itself (RecordCore's ReadOwnField, WriteOwnField,
+// OwnFieldText and SetOwnFieldText); the declaration gives it its place among the others.
+constexpr FieldDef Own(std::string_view tag) { return {.tag = tag, .kind = ValueKind::Own}; }
 }  // namespace field
 
 }  // namespace brenvale

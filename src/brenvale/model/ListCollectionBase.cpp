@@ -12,7 +12,8 @@ namespace brenvale {
 Long ListCollectionBase::IteratorPageSize = 500;
 
 ListCollectionBase::ListCollectionBase(const RecordDecl& decl, bool master) : CollectionCore(decl, master) {
-  if (master) TheLists().RegisterMaster(Facts().listType, this);
+  // A kind outside the lists references name (data-extension definitions) is not filed there.
+  if (master && Facts().listType != zqListTypeNone) TheLists().RegisterMaster(Facts().listType, this);
 }
 
 ListCollectionBase::~ListCollectionBase() {
@@ -79,6 +80,7 @@ Long ListCollectionBase::Query(Long maxReturned, std::uint8_t needs, const Query
     if (filters) filters(b);
     // Without a DoneStatus QuickBooks answers open to-dos only.
     if (filtered && (Facts().queries & kQueryDoneStatus)) b.CreateElement("DoneStatus", "All");
+    WriteOwnerIDs(b);
     b.EndAggregate(rq);
     ResponseView::Response rs = SendOne(b, doc, rq);
     // Status 1 is "no match": an empty answer, not a failure.

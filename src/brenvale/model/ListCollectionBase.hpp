@@ -52,7 +52,7 @@ class ListCollectionBase : public CollectionCore, public zkList {
   Long Commit2(ListRecord* Member = nullptr);
   // Deletes a record in QuickBooks; with bRemove, also from this collection. A refusal raises 1026
   // (the code has no message of its own); QuickBooks' reason is left in the collection's Errors.
-  Long Delete(const std::string& ListID, bool bRemove = true);
+  virtual Long Delete(const std::string& ListID, bool bRemove = true);
 
   bool IsMaster() const { return CollectionCore::IsMaster(); }
   std::string_view CollectionLabel() const override;

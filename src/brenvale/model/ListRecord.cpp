@@ -27,6 +27,10 @@ KeyParts ListRecord::CollectionKeyParts() const {
   return {name};
 }
 
+void ListRecord::WriteLead(xmlBldr& b, const WriteContext& context) const {
+  if (!Facts().modifiedByName) BaseRecord::WriteLead(b, context);
+}
+
 std::string ListRecord::FullName() const {
   if (!Facts().hierarchical) return Name();
   const std::string_view parent = RefFullName(kParentRef);

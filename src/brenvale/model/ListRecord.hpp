@@ -74,6 +74,7 @@ struct ListFacts {
   bool addable = true;       // QuickBooks has an Add request for the kind
   bool deletable = true;     // "ListDelType" takes the kind
   bool outsideUS = false;    // the requests exist only in editions outside the US
+  bool modifiedByName = false;  // a Mod names the record by its own elements, not ListID and EditSequence
   WriteGate nameGate = nullptr;  // when set, the name is written only where it says so
 };
 
@@ -124,6 +125,8 @@ class ListRecord : public BaseRecord, public zkListObject {
   const zkErrors& Errors() const { return RecordCore::Errors(); }
 
   KeyParts CollectionKeyParts() const override;
+  // ListID and EditSequence ahead of a Mod body, unless the kind is modified by name.
+  void WriteLead(xmlBldr& b, const WriteContext& context) const override;
 
  protected:
   zqEnumListType OwnList() const override { return Facts().listType; }

@@ -5,14 +5,19 @@
 #include <bitset>
 #include <cstring>
 
+#include <utility>
+
 #include "brenvale/core/BrenvaleError.hpp"
 #include "brenvale/core/Enumerations.hpp"
 #include "brenvale/core/TraceHook.hpp"
 #include "brenvale/model/ChildList.hpp"
+#include "brenvale/model/DataExtensions.hpp"
 #include "brenvale/model/RefCache.hpp"
+#include "brenvale/model/detail/DataExtBatch.hpp"
 #include "brenvale/model/detail/ReadTable.hpp"
 #include "brenvale/qbxml/Conversions.hpp"
 #include "brenvale/qbxml/Dom.hpp"
+#include "brenvale/qbxml/Session.hpp"
 #include "brenvale/qbxml/xmlBldr.hpp"
 
 namespace brenvale {
@@ -42,6 +47,25 @@ std::string_view ChildValue(const pugi::xml_node& node, const char* name) {
 
 }  // namespace
 
+namespace detail {
+
+// A record's data extensions: QuickBooks' own custom fields and the application's fields.
+struct RecordDataExt {
+  explicit RecordDataExt(RecordCore& record) : custom(record, "0"), application(record, {}) {}
+  DataExtensions custom;
+  DataExtensions application;  // its owner is known once the application's GUID or a value is
+
+  // One "DataExtRet" element, into the values of its owner.
+  void Read(const DomNode& node) {
+    const std::string owner = node.ChildText("OwnerID");
+    if (owner.empty() || owner == "0") return custom.Read(node);
+    if (application.OwnerId().empty()) application.OwnerId(owner);
+    application.Read(node);
+  }
+};
+
+}  // namespace detail
+
 std::size_t TextLength(std::string_view utf8) {
   std::size_t n = 0;
   for (char c : utf8)
@@ -52,7 +76,9 @@ std::size_t TextLength(std::string_view utf8) {
 RecordCore::~RecordCore() {
   for (const Slot& s : values_.Slots()) {
     if (!(s.flags & ValueStore::kOwned)) continue;
-    if (decl_->Field(s.id).kind == ValueKind::Children)
+    if (s.id == kDataExtSlot)
+      delete reinterpret_cast<detail::RecordDataExt*>(static_cast<std::uintptr_t>(s.bits));
+    else if (decl_->Field(s.id).kind == ValueKind::Children)
       delete reinterpret_cast<ChildListBase*>(static_cast<std::uintptr_t>(s.bits));
     else
       delete reinterpret_cast<RecordCore*>(static_cast<std::uintptr_t>(s.bits));
@@ -274,7 +300,8 @@ const ChildListBase* RecordCore::FindChildren(FieldId id) const {
 
 void RecordCore::ForEachNested(const std::function<void(const RecordCore&)>& visit) const {
   for (const Slot& s : values_.Slots()) {
-    if (!(s.flags & ValueStore::kOwned)) continue;
+    // The data extensions' slot holds values, not a nested record.
+    if (!(s.flags & ValueStore::kOwned) || s.id == kDataExtSlot) continue;
     if (decl_->Field(s.id).kind == ValueKind::Children) {
       for (const auto& child : *reinterpret_cast<const ChildListBase*>(static_cast<std::uintptr_t>(s.bits)))
         visit(*child);
@@ -282,6 +309,11 @@ void RecordCore::ForEachNested(const std::function<void(const RecordCore&)>& vis
       visit(*reinterpret_cast<const RecordCore*>(static_cast<std::uintptr_t>(s.bits)));
     }
   }
+}
+
+void RecordCore::ForEachNestedMutable(const std::function<void(RecordCore&)>& visit) {
+  // The nested records are this record's own: one that may change it may change them.
+  std::as_const(*this).ForEachNested([&](const RecordCore& nested) { visit(const_cast<RecordCore&>(nested)); });
 }
 
 const RecordCore* RecordCore::NestedAt(FieldId id, std::size_t i) const {
@@ -319,6 +351,8 @@ void RecordCore::ReadFrom(const DomNode& element) {
       if (!ReadField(id, DomNode(c)) && traced) detail::TraceUnknownField(Label(), name);
     } else if (name == "UserData") {
       UserData() = DomNode(c).Text();
+    } else if (decl_->dataExt && name == "DataExtRet") {
+      DataExtHolder().Read(DomNode(c));
     } else if (!ReadOwn(name, DomNode(c)) && traced) {
       detail::TraceUnknownField(Label(), name);
     }
@@ -327,6 +361,7 @@ void RecordCore::ReadFrom(const DomNode& element) {
   table.lastText = values_.TextSize();
   // Child records joining the record while it was read changed nothing.
   state_ = zqObjectStateClean;
+  AfterRead();
 }
 
 bool RecordCore::ReadField(FieldId id, const DomNode& node) {
@@ -379,6 +414,7 @@ bool RecordCore::ReadField(FieldId id, const DomNode& node) {
       child.ReadFrom(node);
       return true;
     }
+    case ValueKind::Own: ReadOwnField(id, node); return true;
   }
   return false;
 }
@@ -407,6 +443,7 @@ void RecordCore::WriteField(xmlBldr& b, FieldId id, const WriteContext& context)
   const FieldDef& f = decl_->Field(id);
   if (!f.since.Any() && context.versionNumber < f.since.Number()) return;
   if (f.gate && !f.gate(context, *this)) return;
+  if (f.kind == ValueKind::Own) return WriteOwnField(b, id, context);
   const Slot* s = values_.Find(id);
   if (!s) {
     // A value QuickBooks needs in an add goes with its default.
@@ -596,15 +633,17 @@ FieldValue RecordCore::Value(FieldId id) const {
     case ValueKind::DateTime: return DateValue(id);
     case ValueKind::Ref: return Ref(id);
     case ValueKind::Aggregate:
-    case ValueKind::Children: break;
+    case ValueKind::Children:
+    case ValueKind::Own: break;
   }
   return {};
 }
 
 std::string RecordCore::ValueText(FieldId id) const {
+  const FieldDef& f = decl_->Field(id);
+  if (f.kind == ValueKind::Own) return OwnFieldText(id);
   const Slot* s = values_.Find(id);
   if (!s) return {};
-  const FieldDef& f = decl_->Field(id);
   switch (f.kind) {
     case ValueKind::Text: return std::string(values_.Text(*s));
     case ValueKind::Bool: return BoolToText(s->bits != 0);
@@ -623,7 +662,8 @@ std::string RecordCore::ValueText(FieldId id) const {
       return std::string(name.empty() ? values_.First(*s) : name);
     }
     case ValueKind::Aggregate:
-    case ValueKind::Children: break;
+    case ValueKind::Children:
+    case ValueKind::Own: break;
   }
   return {};
 }
@@ -646,10 +686,86 @@ void RecordCore::SetFromText(FieldId id, std::string_view text) {
       return;
     }
     case ValueKind::Ref: SetRefName(id, text); return;
+    case ValueKind::Own: SetOwnFieldText(id, text); return;
     case ValueKind::Aggregate:
     case ValueKind::Children: break;
   }
   Raise(1030, Label());
+}
+
+void RecordCore::SetOwnFieldText(FieldId, std::string_view) { Raise(1030, Label()); }
+
+// --- data extensions ------------------------------------------------------------------------------
+
+detail::RecordDataExt* RecordCore::DataExtHeld() const {
+  const Slot* s = values_.Find(kDataExtSlot);
+  return s ? reinterpret_cast<detail::RecordDataExt*>(static_cast<std::uintptr_t>(s->bits)) : nullptr;
+}
+
+detail::RecordDataExt& RecordCore::DataExtHolder() {
+  if (detail::RecordDataExt* held = DataExtHeld()) return *held;
+  if (!decl_->dataExt) Raise(1030, Label());
+  auto made = std::make_unique<detail::RecordDataExt>(*this);
+  values_.SetBits(kDataExtSlot, reinterpret_cast<std::uintptr_t>(made.get()), ValueStore::kOwned);
+  return *made.release();
+}
+
+DataExtensions& RecordCore::CustomFields() { return DataExtHolder().custom; }
+
+DataExtensions& RecordCore::ApplicationFields() {
+  DataExtensions& fields = DataExtHolder().application;
+  if (fields.OwnerId().empty()) {
+    const std::string& registered = CurrentSession().dataExtOwnerID;
+    if (registered.empty()) Raise(2802, "DataExtensions");
+    fields.OwnerId(registered);
+  }
+  return fields;
+}
+
+const DataExtensions* RecordCore::FindCustomFields() const {
+  const detail::RecordDataExt* held = DataExtHeld();
+  return held && held->custom.Count() > 0 ? &held->custom : nullptr;
+}
+
+const DataExtensions* RecordCore::FindApplicationFields() const {
+  const detail::RecordDataExt* held = DataExtHeld();
+  return held && held->application.Count() > 0 ? &held->application : nullptr;
+}
+
+void RecordCore::AddDataExtChanges(detail::DataExtBatch& batch) {
+  if (detail::RecordDataExt* held = DataExtHeld()) {
+    batch.Add(held->custom);
+    batch.Add(held->application);
+  }
+  ForEachNestedMutable([&](RecordCore& child) { child.AddDataExtChanges(batch); });
+}
+
+Long RecordCore::ReportDataExtFailures() {
+  Long failed = 0;
+  if (detail::RecordDataExt* held = DataExtHeld())
+    for (DataExtensions* fields : {&held->custom, &held->application})
+      for (const DataExtension& value : *fields) {
+        if (value.PendingRequest().empty()) continue;
+        for (const zkError& e : value.Errors()) {
+          Errors().Add(e.Number(), value.Name(), e.Description());
+          ++failed;
+        }
+      }
+  ForEachNestedMutable([&](RecordCore& child) { failed += child.ReportDataExtFailures(); });
+  return failed;
+}
+
+Long RecordCore::SaveDataExtensions(std::string_view ListOrTxnId) {
+  if (!decl_->dataExt) Raise(1030, Label());
+  if (!ListOrTxnId.empty()) {
+    CustomFields().ListOrTxnId(std::string(ListOrTxnId));
+    DataExtHolder().application.ListOrTxnId(std::string(ListOrTxnId));
+  }
+  detail::DataExtBatch batch;
+  AddDataExtChanges(batch);
+  const Long saved = batch.Send();
+  if (ReportDataExtFailures() > 0 && CurrentSession().commitRaises) Raise(1023, Label());
+  return saved;
 }
 
 }  // namespace brenvale

@@ -18,6 +18,7 @@
 #include "brenvale/core/EnumTypes.hpp"
 #include "brenvale/core/Types.hpp"
 #include "brenvale/core/zkErrors.hpp"
+#include "brenvale/model/DataExtObject.hpp"
 #include "brenvale/model/RecordDecl.hpp"
 #include "brenvale/model/ValueStore.hpp"
 #include "brenvale/model/zkListObjectRef.hpp"
@@ -27,6 +28,11 @@ namespace brenvale {
 class DomNode;
 class xmlBldr;
 class ChildListBase;
+class DataExtensions;
+namespace detail {
+class DataExtBatch;
+struct RecordDataExt;
+}  // namespace detail
 
 // A field's value, for code that walks the declaration (the tool, tests).
 using FieldValue = std::variant<std::monostate, std::string, bool, std::int64_t, Currency, double, Date,
@@ -95,8 +101,32 @@ class RecordCore {
   const ChildListBase* FindChildren(FieldId id) const;
   // Every nested aggregate and child record the record holds.
   void ForEachNested(const std::function<void(const RecordCore&)>& visit) const;
+  // The same, for a visit that may change them.
+  void ForEachNestedMutable(const std::function<void(RecordCore&)>& visit);
   // The i-th (from 0) record an aggregate or a list of child records holds, or null past the last.
   const RecordCore* NestedAt(FieldId id, std::size_t i) const;
+
+  // --- data extensions (custom fields), on the kinds whose declaration carries them ---------------
+  // QuickBooks' own custom fields (owner "0") on this record; 1030 on a kind that has none. The
+  // values come with the record when its query asked for them, and are kept only once one is held.
+  DataExtensions& CustomFields();
+  // The fields of the application whose GUID is registered with the connection (2802 when none is).
+  DataExtensions& ApplicationFields();
+  // The values held, or null when the record holds none.
+  const DataExtensions* FindCustomFields() const;
+  const DataExtensions* FindApplicationFields() const;
+  // Saves, in one message, the values of the record and of its lines that were added, changed or
+  // cleared; `ListOrTxnId` names the object when it is not the record's own. Returns how many
+  // QuickBooks saved; failures are collected in the values' Errors and copied to the record's (and
+  // raise 1023 after, with the library-wide setting on).
+  Long SaveDataExtensions(std::string_view ListOrTxnId = {});
+  // Adds the values of the record and of its child records that wait to be saved to `batch`.
+  void AddDataExtChanges(detail::DataExtBatch& batch);
+  // Copies the failures of the record's values (and its lines') in the last save to its Errors;
+  // returns how many there were.
+  Long ReportDataExtFailures();
+  // Where the record's values are kept: its kind, its ListID or TxnID, a line's TxnLineID.
+  virtual DataExtTarget DataExtTargetOf() const { return {decl_->objectType, {}, {}}; }
 
   // The key a collection files the record under; empty: the record is held without a key.
   virtual KeyParts CollectionKeyParts() const { return {}; }
@@ -145,6 +175,15 @@ class RecordCore {
   void SetState(zqEnumObjectState state) { state_ = state; }
   // Elements the declaration does not cover; true when taken.
   virtual bool ReadOwn(std::string_view /*name*/, const DomNode& /*node*/) { return false; }
+  // Run when a read is done (the record is Clean).
+  virtual void AfterRead() {}
+  // The fields declared with field::Own: the record reads one element of the field (a repeated one
+  // comes once per element), writes the field in the form of the context, gives its text and takes
+  // it from text (the defaults skip, write nothing, give nothing and raise 1030).
+  virtual void ReadOwnField(FieldId /*id*/, const DomNode& /*node*/) {}
+  virtual void WriteOwnField(xmlBldr& /*b*/, FieldId /*id*/, const WriteContext& /*context*/) const {}
+  virtual std::string OwnFieldText(FieldId /*id*/) const { return {}; }
+  virtual void SetOwnFieldText(FieldId id, std::string_view text);
   // The list a reference without a list of its own points into (a parent's): the record's list.
   virtual zqEnumListType OwnList() const { return zqListTypeNone; }
 
@@ -159,6 +198,9 @@ class RecordCore {
   // Whether a field other than `id` of its choice holds a value; its id in `other`.
   bool ChoiceTaken(FieldId id, FieldId& other) const;
   bool IsEmptyValue(FieldId id) const;
+  // The record's data extensions, kept in a slot of their own once there are any.
+  detail::RecordDataExt* DataExtHeld() const;
+  detail::RecordDataExt& DataExtHolder();
 
   friend class ChildListBase;
 

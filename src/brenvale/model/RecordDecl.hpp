@@ -138,6 +138,9 @@ struct RecordDecl {
   RecordFactory make = nullptr;   // for aggregates and child records
   const ListFacts* list = nullptr;
   const TxnFacts* txn = nullptr;
+  // The kind carries data extensions (custom fields): QuickBooks answers them as "DataExtRet"
+  // elements, and its query takes "OwnerID". A kind that does is one line: `.dataExt = true`.
+  bool dataExt = false;
 
   const FieldDef& Field(FieldId id) const { return *fields[id]; }
   std::span<const FieldId> Order(Form form) const {

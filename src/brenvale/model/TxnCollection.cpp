@@ -72,6 +72,7 @@ Long TxnCollectionBase::Query(const TxnQuery& q, bool clearFirst) {
   }
   if (q.includeLineItems) b.CreateElement("IncludeLineItems", "true");
   if (includeLinkedTxns_) b.CreateElement("IncludeLinkedTxns", "true");
+  WriteOwnerIDs(b);
   b.EndAggregate(rq);
   DomDocument doc;
   ResponseView::Response rs = SendOne(b, doc, rq);

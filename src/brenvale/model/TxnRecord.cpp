@@ -46,6 +46,12 @@ zqEnumTableName LineRecord::OwnerKind() const {
   return owner && owner->Decl().txn ? owner->Decl().txn->table : zqTableNameNone;
 }
 
+DataExtTarget LineRecord::DataExtTargetOf() const {
+  DataExtTarget t = Owner() ? Owner()->DataExtTargetOf() : DataExtTarget{};
+  t.lineId = TextView(kTxnLineID);
+  return t;
+}
+
 void LineRecord::WriteLead(xmlBldr& b, const WriteContext& context) const {
   if (context.form != Form::Mod) return;
   const std::string_view id = TextView(kTxnLineID);

@@ -128,6 +128,8 @@ class LineRecord : public RecordCore {
 
   // TxnLineID ahead of a Mod body: "-1" for a line added to a transaction QuickBooks holds.
   void WriteLead(xmlBldr& b, const WriteContext& context) const override;
+  // A line's values are kept on its transaction, under the transaction's TxnID and its TxnLineID.
+  DataExtTarget DataExtTargetOf() const override;
 
  protected:
   // The line guards: a line inside a group line cannot change (2000); a field its owner's form does

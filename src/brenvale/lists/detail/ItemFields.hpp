@@ -159,7 +159,8 @@ constexpr RecordDecl ItemKind(std::string_view xmlName, zqEnumListObjectType typ
                     .mod = mod,
                     .read = read,
                     .rules = rules,
-                    .list = &facts};
+                    .list = &facts,
+                    .dataExt = true};
 }
 
 }  // namespace brenvale::detail

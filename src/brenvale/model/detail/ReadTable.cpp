@@ -1,6 +1,7 @@
 #include "brenvale/model/detail/ReadTable.hpp"
 
 #include <memory>
+#include <vector>
 
 namespace brenvale::detail {
 

@@ -710,7 +710,8 @@ TEST_F(ToolTest, DemoRunsOnAFreshCompanyAndAgainOnTheSameOne) {
        {"Installation:Residential", "added, ListID", "qbXML version",
         "error 1013 (0x800403F5) in Name: Name cannot exceed 31 characters", "deleted",
         "SumSubAccountBalances(Operating) = 8250.00", "Jones Residence:Retrofit",
-        "12 Harbor Road, Boston MA 02110", "Installation:Residential", "ItemService", "Install one roof panel"})
+        "12 Harbor Road, Boston MA 02110", "Installation:Residential", "ItemService", "Install one roof panel",
+        "Jones Residence           North East"})
     EXPECT_NE(first.out.find(expected), std::string::npos) << expected << "\n" << first.out;
   EXPECT_EQ(first.err, "");
 

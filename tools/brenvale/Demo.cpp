@@ -11,6 +11,7 @@
 #include "Commands.hpp"
 #include "Output.hpp"
 #include "brenvale/company/BrenvaleGlobals.hpp"
+#include "brenvale/model/DataExtensions.hpp"
 #include "brenvale/qbxml/Conversions.hpp"
 
 namespace brenvale::tool {
@@ -155,6 +156,37 @@ void ShowItem(int step) {
   Indented(rows);
 }
 
+// The demo's custom field: QuickBooks' own field "Region" on customers, set on the demo's customer.
+void ShowCustomField(int step) {
+  Step(step, "A custom field",
+       "A custom field is defined once for the kinds it is assigned to; a record's values are in its\n"
+       "   CustomFields, saved with its commit, and come back with it when the query asks for them.");
+  DataExtensionDefinitions& definitions = BrenvaleGlobals::DataExtensionDefinitions();
+  Code("DataExtensionDefinitions().Add(\"Region\").AssignedTos().Add(zqObjectTypeCustomer);  ...Commit();");
+  Code("customer.CustomFields()[\"Region\"].ValueAsString(\"North East\");  customer.SaveDataExtensions();");
+  definitions.GetByAssignedToObject(zqObjectTypeCustomer);
+  if (!definitions.Find("Region")) {
+    definitions.Add("Region").AssignedTos().Add(zqObjectTypeCustomer);
+    definitions.Commit();
+  }
+  Customers& customers = BrenvaleGlobals::Customers();
+  customers.IncludeDataExtensions(true);
+  customers.GetAll();
+  Customer& jones = customers.Item("Jones Residence");
+  jones.CustomFields()["Region"].ValueAsString("North East");
+  jones.SaveDataExtensions();
+  Customers reader;
+  reader.IncludeDataExtensions(true);
+  reader.GetByNameMatch("Jones", qbMatchStartsWith);
+  std::vector<std::vector<std::string>> rows = {{"FullName", "Region"}};
+  for (Customer& c : reader) {
+    const DataExtensions* fields = c.FindCustomFields();
+    const DataExtension* region = fields ? fields->Find("Region") : nullptr;
+    rows.push_back({c.FullName(), region ? region->ValueText() : ""});
+  }
+  Indented(rows);
+}
+
 // The demo's account tree: three levels of bank accounts with opening balances, added when missing.
 void ShowAccountTree(int step) {
   Step(step, "An account tree and its sub-account sum",
@@ -239,8 +271,9 @@ int RunDemo(const GlobalOptions& g) {
   ShowCustomerAndJob(4);
   ShowAccountTree(5);
   ShowItem(6);
+  ShowCustomField(7);
 
-  Step(7, "Change one",
+  Step(8, "Change one",
        "Setting a property on a record read from QuickBooks makes it Dirty; Commit then sends a modify\n"
        "   request with the record's EditSequence, and QuickBooks answers with a new one.");
   ToDoList& toDos = BrenvaleGlobals::ToDoList();
@@ -276,7 +309,7 @@ int RunDemo(const GlobalOptions& g) {
     jobTypes.GetAll();  // reading again leaves every record Clean
   }
 
-  Step(8, "A validation failure",
+  Step(9, "A validation failure",
        "Before anything is sent, each record checks its own rules and collects what fails in its Errors.\n"
        "   The batch leaves the record out and, after the batch, Commit raises error 1023.");
   const std::string longName = "Residential Solar Panel Installs";  // 32 characters; 31 is the limit
@@ -293,7 +326,7 @@ int RunDemo(const GlobalOptions& g) {
   PrintErrors(tooLong.Errors());
   Forget(jobTypes, tooLong);
 
-  Step(9, "Delete one",
+  Step(10, "Delete one",
        "Delete sends a list delete request by ListID and takes the record out of the collection.");
   const std::string doomed = "Maintenance:Annual Service";
   if (JobType* annual = jobTypes.Find(doomed)) {
@@ -303,7 +336,7 @@ int RunDemo(const GlobalOptions& g) {
     out << "     deleted; " << jobTypes.Count() << " job types remain (the next demo run adds it again)\n";
   }
 
-  Step(10, "Close", "");
+  Step(11, "Close", "");
   Code("QBConnection().CloseConnection();");
   CloseCompany();
 

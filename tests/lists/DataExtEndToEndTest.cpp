@@ -26,16 +26,11 @@ class CustomFieldsEndToEnd : public CompanyEndToEnd {
   }
   static DataExtensionDefinitions& Definitions() { return BrenvaleGlobals::DataExtensionDefinitions(); }
 
-  // Adds a customer by hand (the kind has no record class in these lists) and gives its ListID.
+  // Adds a customer through its own collection and gives its ListID.
   static std::string AddCustomer(const std::string& name) {
-    xmlBldr b;
-    b.NewClear();
-    b.InsertRawXML("<CustomerAddRq requestID = \"1\"><CustomerAdd><Name>" + name +
-                   "</Name></CustomerAdd></CustomerAddRq>");
-    const std::string xml = b.NewSendRequest().Xml();
-    const std::size_t from = xml.find("<ListID>"), to = xml.find("</ListID>");
-    if (from == std::string::npos || to == std::string::npos) return {};
-    return xml.substr(from + 8, to - from - 8);
+    Customers customers(true);
+    Customer& added = customers.Add(name);
+    return customers.Commit() == 1 ? added.ListID() : std::string();
   }
 
   // The values a fresh collection reads for the object.

@@ -293,14 +293,7 @@ TEST_F(ItemsEndToEnd, BadItemsAreRefusedWithNothingHalfAdded) {
   ASSERT_EQ(master.Commit(), 1);
   CurrentSession().commitRaises = false;
 
-  struct Bad {
-    std::string what;
-    std::function<zkItem&(Items&)> add;
-    int code;  // 0: a text of its own, without a code
-    std::string field;
-    std::string message;
-  };
-  const std::vector<Bad> bad{
+  const std::vector<ItemRuleCase> bad{
       {"a name over 31 characters",
        [](Items& c) -> zkItem& { return c.Add<ItemSubtotal>(std::string(32, 's')); }, 0, "Name",
        "Name length cannot exceed 31"},
@@ -333,9 +326,9 @@ TEST_F(ItemsEndToEnd, BadItemsAreRefusedWithNothingHalfAdded) {
          return s;
        },
        1010, "Parent", "Invalid parent specified"}};
-  for (const Bad& b : bad) {
+  for (const ItemRuleCase& b : bad) {
     SCOPED_TRACE(b.what);
-    zkItem& item = b.add(master);
+    zkItem& item = b.make(master);
     const std::string name = item.Name();
     EXPECT_EQ(master.Commit(), 0);
     ExpectOneError(item, b.code, b.field, b.message);

@@ -403,14 +403,7 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ItemKinds, ::testing::ValuesIn(Cases()),
 
 // --- rules --------------------------------------------------------------------------------------
 
-struct ItemRuleCase {
-  std::string what;
-  std::function<zkItem&(Items&)> make;  // a new item breaking one rule, in a master holding Bolt and Promo
-  int code;                             // 0: a text of its own, without a code
-  std::string field;
-  std::string message;
-};
-
+// Each case starts from a master holding Bolt, Promo and State.
 TEST_F(ListsTest, ItemRulesGiveTheirCodesAndTexts) {
   const std::vector<ItemRuleCase> cases{
       {"a service under an inventory item",

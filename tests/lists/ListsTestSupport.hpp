@@ -11,6 +11,7 @@
 
 #include "brenvale/core/BrenvaleError.hpp"
 #include "brenvale/core/TraceHook.hpp"
+#include "brenvale/lists/Items.hpp"
 #include "brenvale/model/ListRecord.hpp"
 #include "brenvale/qbxml/Session.hpp"
 #include "support/RaisedBy.hpp"
@@ -96,6 +97,16 @@ inline void ExpectRule(ListRecord& r, const RuleCase& rule) {
   ExpectOneError(r, rule.code, rule.field, rule.message);
   EXPECT_EQ(r.ObjectState(), zqObjectStateNew);
 }
+
+// A new item breaking one rule, and the one error it must give (code 0: a text of its own, without a
+// code; below 0: no error at all).
+struct ItemRuleCase {
+  std::string what;
+  std::function<zkItem&(Items&)> make;
+  int code;
+  std::string field;
+  std::string message;
+};
 
 // Collects (source, text) pairs given to the trace hook while alive.
 class TraceCollector {
